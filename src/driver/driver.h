@@ -1,0 +1,84 @@
+// The ground floor: run options, diagnostics, checked memory and the output stream. Every other file may use it.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <string_view>
+
+// ---- Run state (diagnostics.cpp) --------------------------------------------------------------------------------
+
+// Options. Whole-number flags, 0 unless the command line sets them.
+extern int no_header;    // -h: memory intrinsics stay declared, no string.h and no stdlib.h
+extern int no_inline;    // -i: no inline ordering, no @inline
+extern int long_long;    // -ll: 64-bit integers become a struct type and helper calls
+extern int no_math;      // -mc: calls of math functions are not folded
+extern int keep_unused;  // -u: unused variables and declarations are written
+extern int verbose;      // -v: progress messages
+
+extern const char *output_name;  // -o, or derived from the source's name; null until known
+extern const char *input_name;   // the one file argument; null until known
+extern const char *source_name;  // text of the source_filename line; null without one
+extern const char *prog_name;    // the program's name for messages; null until the option engine sets it
+
+extern long line_no;     // input lines read so far
+extern int error_count;  // diagnostics so far; only report() raises it
+
+inline constexpr const char *version_text = "V4.1.6";
+inline constexpr const char *date_text = "05 Sep 2018";
+
+// Exit statuses of the program.
+namespace status {
+inline constexpr int clean = 0;
+inline constexpr int failed = 1;
+inline constexpr int interrupted = 2;
+}  // namespace status
+
+// ---- Diagnostics (diagnostics.cpp) ------------------------------------------------------------------------------
+
+// Writes one counted diagnostic, "#error <program> <input>:<line> <message>", to the standard error stream. Each form
+// takes a format with the one conversion that fits its argument: none, %s (a null text prints as "(null)"),
+// %x or %c, and %.*s.
+void report(const char *format);
+void report(const char *format, const char *text);
+void report(const char *format, unsigned number);
+void report(const char *format, std::string_view text);
+
+// Writes `text` to the standard error stream at once, without head and uncounted.
+void errortext(std::string_view text);
+
+// ---- Memory (diagnostics.cpp) -----------------------------------------------------------------------------------
+
+// Every failing allocation, of alloc() and of the standard containers, writes "no memory\n" and ends the process with
+// status 1. Call once, before anything allocates.
+void installmemoryhandler();
+
+// Returns a cleared block of at least `size` bytes (and at least one pointer) whose first word holds `link`. The block
+// is the caller's; nobody ever tests the result.
+void *alloc(std::size_t size, void *link);
+
+// Gives back a block of alloc() and returns `value`, so that a caller can unlink and free in one expression.
+void *release(void *block, void *value);
+
+// Returns a cleared block of `size` bytes, aligned for any record, that lives until the process ends.
+// Blocks are cut from large chunks.
+void *poolalloc(std::size_t size);
+
+// A copy of `text` with a terminating NUL that lives until the process ends.
+const char *keeptext(std::string_view text);
+
+// ---- Output (output.cpp) ----------------------------------------------------------------------------------------
+
+// Creates the file `name` and makes it the output. Returns false if that fails; nothing is reported.
+bool createoutput(const char *name);
+
+// Flushes and closes the output. Returns false if anything written since createoutput() was lost.
+bool closeoutput();
+
+// Text, one character, and a decimal number to the output.
+void outtext(std::string_view text);
+void outchar(char c);
+void outnumber(std::int64_t number);
+
+// A progress message to the standard output stream, under -v only.
+void outprogress(const char *message);
