@@ -1,0 +1,186 @@
+// The global lists, the memory intrinsics, the table of math functions, and tests on expressions.
+
+#include "model/model.h"
+
+#include <algorithm>
+#include <cstring>
+
+List<Symbol> variables;
+List<Symbol> functions;
+List<Symbol> prototypes;
+List<Symbol> aliases;
+List<Symbol> aggregates;
+Symbol *forward_aggregates;
+List<Meta> metas;
+List<Symbol> current_calls;
+constinit std::vector<Name *> unresolved;
+constinit std::vector<Name *> initrefs;
+constinit std::vector<const char *> includes;
+
+bool unknown_global_ref;
+std::uint32_t need_flags;
+
+namespace {
+
+// Numbers the functions as `current_calls` is handed over; 0 is no function.
+std::uint32_t call_epoch = 1;
+
+}  // namespace
+
+void add_variable(Symbol *symbol)
+{
+    append(variables, symbol);
+    if (!symbol->name->variable)
+        symbol->name->variable = symbol;
+}
+
+Symbol *find_variable(const Name *name)
+{
+    return name->variable;
+}
+
+void add_prototype(Symbol *symbol)
+{
+    append(prototypes, symbol);
+    if (!symbol->name->prototype)
+        symbol->name->prototype = symbol;
+}
+
+void add_function(Symbol *symbol)
+{
+    symbol->prev = functions.tail;
+    append(functions, symbol);
+    Name *name = symbol->name;
+    if (!name->function)
+        name->function = symbol;
+    if (name->prototype)
+        return;
+    Symbol *prototype = newsym(name, symbol->type);
+    prototype->storage = symbol->storage;
+    add_prototype(prototype);
+}
+
+void add_alias(Symbol *symbol)
+{
+    append(aliases, symbol);
+}
+
+void add_meta(Meta *meta)
+{
+    append(metas, meta);
+}
+
+void note_unresolved(Name *name)
+{
+    if (name->prototype) {
+        ++name->prototype->uses;
+    } else if (!name->unresolved) {
+        name->unresolved = true;
+        unresolved.push_back(name);
+    }
+}
+
+void note_call(Name *name)
+{
+    if (memoryheader(name))
+        name = memoryname(name);
+    if (name->call_epoch == call_epoch)
+        return;
+    name->call_epoch = call_epoch;
+    append(current_calls, newsym(name, nullptr));
+}
+
+Symbol *takecalls()
+{
+    Symbol *calls = current_calls.head;
+    current_calls = {};
+    ++call_epoch;
+    return calls;
+}
+
+void add_include(const char *header)
+{
+    const auto same = [header](const char *include) { return std::strcmp(include, header) == 0; };
+    if (std::none_of(includes.begin(), includes.end(), same))
+        includes.push_back(header);
+}
+
+Expr *addressedleaf(Expr *expr)
+{
+    while (isop(expr, op::address) || isop(expr, op::cast) || isop(expr, op::add) || isop(expr, op::index))
+        expr = expr->left;
+    return isleaf(expr, leaf::name) ? expr : nullptr;
+}
+
+void note_initref(const Expr *expr)
+{
+    const Expr *target = addressedleaf(const_cast<Expr *>(expr));
+    if (!target || target->value->initref)
+        return;
+    target->value->initref = true;
+    initrefs.push_back(target->value);
+}
+
+// ---- Intrinsics and math functions ------------------------------------------------------------------------------
+
+const char *memoryheader(const Name *name)
+{
+    for (const std::string_view prefix : {"llvm.memcpy.", "llvm.memset.", "llvm.memmove."})
+        if (namebegins(name, prefix))
+            return "string.h";
+    return nullptr;
+}
+
+Name *memoryname(const Name *name)
+{
+    // The letter that tells memcpy, memset and memmove apart.
+    constexpr std::size_t telling = 8;
+    switch (name->text[telling]) {
+    case 'c':
+        return intern("memcpy");
+    case 's':
+        return intern("memset");
+    default:
+        return intern("memmove");
+    }
+}
+
+namespace {
+
+MathFunction math_functions[] = {
+    {"sqrt", Math::square_root, false},  {"sin", Math::sine, false},        {"cos", Math::cosine, false},
+    {"tan", Math::tangent, false},       {"exp", Math::exponential, false}, {"log", Math::logarithm, false},
+    {"log10", Math::logarithm10, false},
+};
+
+}  // namespace
+
+MathFunction *findmath(std::string_view name)
+{
+    for (MathFunction &row : math_functions)
+        if (row.name == name)
+            return &row;
+    return nullptr;
+}
+
+void markmath(const Name *name)
+{
+    if (MathFunction *row = findmath(nametext(name)))
+        row->declared = true;
+}
+
+// ---- Expression tests -------------------------------------------------------------------------------------------
+
+bool sameoperand(const Expr *a, const Expr *b)
+{
+    while (a && b && a->op == b->op && (a->op == op::dereference || a->op == op::address)) {
+        a = a->left;
+        b = b->left;
+    }
+    if (!a || !b || a->op != op::leaf || b->op != op::leaf)
+        return false;
+    const bool plain = a->leaf == b->leaf && (a->leaf == leaf::number || a->leaf == leaf::name);
+    if (plain && a->value == b->value)
+        return true;
+    return a->leaf == leaf::name && namebegins(a->value, ".addr");
+}

@@ -1,0 +1,205 @@
+// The index of the function at hand. What is told as a walk back through the chain of Insts, from the newest to the
+// oldest, is answered here from lists by name, each in the order of the chain.
+//
+// An Inst gets its order when it is appended, in steps of three: the two Insts that a temporary puts in front of a
+// definition, once at most, take the two places in between.
+
+#include "model/locals.h"
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <numeric>
+
+namespace {
+
+constexpr std::uint32_t order_step = 3;
+
+struct LocalIndex {
+    std::uint32_t epoch = 0;  // Name::local is valid for this one only
+    std::uint32_t next_order = 0;
+    std::vector<std::unique_ptr<LocalName>> pool;  // entries of all epochs, used again
+    std::size_t taken = 0;                         // entries of this epoch
+    std::vector<Inst *> jumps;
+    std::vector<Inst *> statements;        // appended ones; next_live leads over those that are none any more
+    std::vector<std::uint32_t> next_live;  // disjoint sets: an entry that leads to itself is a statement
+    // Statements that belong to temporaries, by order; null until the first function begins.
+    std::unique_ptr<std::map<std::uint32_t, Inst *>> inserted;
+};
+
+constinit LocalIndex locals;
+
+bool byorder(std::uint32_t order, const Inst *instruction)
+{
+    return order < instruction->order;
+}
+
+void insertbyorder(std::vector<Inst *> &insts, Inst *instruction)
+{
+    insts.insert(upto(insts, instruction->order), instruction);
+}
+
+// The first entry from `place` on that is still a statement; the end of the list if there is none.
+std::uint32_t livefrom(std::uint32_t place)
+{
+    std::uint32_t root = place;
+    while (root < locals.statements.size() && locals.next_live[root] != root)
+        root = locals.next_live[root];
+    while (place < locals.statements.size() && locals.next_live[place] != root) {
+        const std::uint32_t next = locals.next_live[place];
+        locals.next_live[place] = root;
+        place = next;
+    }
+    return root;
+}
+
+// The place of the first appended statement whose order is not below `order`.
+std::uint32_t statementplace(std::uint32_t order)
+{
+    const auto at = std::partition_point(locals.statements.begin(), locals.statements.end(),
+                                         [order](const Inst *s) { return s->order < order; });
+    return static_cast<std::uint32_t>(at - locals.statements.begin());
+}
+
+void notestatement(Inst *statement)
+{
+    locals.next_live.push_back(static_cast<std::uint32_t>(locals.statements.size()));
+    locals.statements.push_back(statement);
+    if (isop(statement->expr, op::assign) && statement->expr->value)
+        localname(statement->expr->value).stores.push_back(statement);
+}
+
+// x for x.addr, else null.
+Name *slotowner(const Name *name)
+{
+    constexpr std::string_view suffix = ".addr";
+    const std::string_view text = nametext(name);
+    return text.ends_with(suffix) ? intern(text.substr(0, text.size() - suffix.size())) : nullptr;
+}
+
+// Enters an Inst that has its order already.
+void enter(Inst *instruction)
+{
+    switch (instruction->op) {
+    case inst::local:
+        if (Name *owner = slotowner(instruction->name))
+            localname(owner).slots.push_back(instruction);
+        [[fallthrough]];
+    case inst::value:
+    case inst::phi:
+        if (instruction->name)
+            localname(instruction->name).named.push_back(instruction);
+        break;
+    case inst::statement:
+        notestatement(instruction);
+        break;
+    case inst::jump:
+        locals.jumps.push_back(instruction);
+        break;
+    default:
+        break;
+    }
+}
+
+}  // namespace
+
+void beginlocals()
+{
+    ++locals.epoch;
+    locals.next_order = 0;
+    locals.taken = 0;
+    locals.jumps.clear();
+    locals.statements.clear();
+    locals.next_live.clear();
+    if (!locals.inserted)
+        locals.inserted = std::make_unique<std::map<std::uint32_t, Inst *>>();
+    locals.inserted->clear();
+}
+
+LocalName *findlocal(const Name *name)
+{
+    return name->local_epoch == locals.epoch ? name->local : nullptr;
+}
+
+LocalName &localname(Name *name)
+{
+    if (name->local_epoch == locals.epoch)
+        return *name->local;
+    if (locals.taken == locals.pool.size())
+        locals.pool.push_back(std::make_unique<LocalName>());
+    LocalName &entry = *locals.pool[locals.taken++];
+    entry.named.clear();
+    entry.stores.clear();
+    entry.slots.clear();
+    entry.blocks.clear();
+    name->local = &entry;
+    name->local_epoch = locals.epoch;
+    return entry;
+}
+
+void notelocal(Inst *instruction)
+{
+    locals.next_order += order_step;
+    instruction->order = locals.next_order;
+    enter(instruction);
+}
+
+void dropjump()
+{
+    locals.jumps.pop_back();
+}
+
+void indexchain(Inst *last)
+{
+    std::vector<Inst *> chain;
+    for (Inst *at = last; at; at = at->prev)
+        chain.push_back(at);
+    for (auto at = chain.rbegin(); at != chain.rend(); ++at)
+        enter(*at);
+}
+
+std::vector<Inst *>::const_iterator upto(const std::vector<Inst *> &insts, std::uint32_t order)
+{
+    // While a function is read the newest is nearly always the one.
+    if (insts.empty() || insts.back()->order <= order)
+        return insts.end();
+    return std::upper_bound(insts.begin(), insts.end(), order, byorder);
+}
+
+bool nojumpbetween(std::uint32_t older, std::uint32_t newer)
+{
+    const auto at = upto(locals.jumps, newer);
+    return at == locals.jumps.begin() || (*std::prev(at))->order <= older;
+}
+
+Inst *nextstatement(const Inst *from)
+{
+    const std::uint32_t place = livefrom(statementplace(from->order));
+    Inst *found = place < locals.statements.size() ? locals.statements[place] : nullptr;
+    const auto temporary = locals.inserted->lower_bound(from->order);
+    if (temporary != locals.inserted->end() && (!found || temporary->first < found->order))
+        found = temporary->second;
+    return found && found->block == from->block ? found : nullptr;
+}
+
+void forgetstatement(const Inst *statement)
+{
+    if (locals.inserted->erase(statement->order))
+        return;
+    const std::uint32_t place = statementplace(statement->order);
+    locals.next_live[place] = place + 1;
+}
+
+void notefolded(Inst *store)
+{
+    forgetstatement(store);
+    insertbyorder(localname(store->name).named, store);
+}
+
+void noteinserted(Inst *declaration, Inst *assignment, const Inst *definition)
+{
+    assignment->order = definition->order - 1;
+    declaration->order = definition->order - 2;
+    locals.inserted->emplace(assignment->order, assignment);
+    insertbyorder(localname(declaration->name).named, declaration);
+}

@@ -1,0 +1,22 @@
+// The index behind value substitution; only temporaries.cpp asks these questions.
+#pragma once
+
+#include "model/model.h"
+
+// The newest Inst of `insts` that is not newer than `order`, as an iterator behind it; begin() if there is none.
+std::vector<Inst *>::const_iterator upto(const std::vector<Inst *> &insts, std::uint32_t order);
+
+// Whether no jump stands between the Inst of order `older` and the one of order `newer`, the newer one included.
+bool nojumpbetween(std::uint32_t older, std::uint32_t newer);
+
+// The first Inst of op `statement` in the block of `from`, from `from` on, or null.
+Inst *nextstatement(const Inst *from);
+
+// A statement has got another op: it is found no more.
+void forgetstatement(const Inst *statement);
+
+// A store was folded into a use and is a value from now on, of the name that it has.
+void notefolded(Inst *store);
+
+// The declaration and the assignment of a temporary were linked in front of the definition `inst`, in this order.
+void noteinserted(Inst *declaration, Inst *assignment, const Inst *definition);

@@ -1,0 +1,145 @@
+// Record pools and interned names.
+
+#include "model/model.h"
+
+#include "driver/driver.h"
+
+#include <cstring>
+#include <type_traits>
+
+namespace {
+
+// Records are plain data, for which cleared memory is a valid state.
+template <class Record>
+Record *newrecord()
+{
+    static_assert(std::is_trivially_destructible_v<Record>);
+    return static_cast<Record *>(poolalloc(sizeof(Record)));
+}
+
+// Open addressing with linear probing; the capacity is a power of two and at most half of it is in use.
+constinit std::vector<Name *> name_table;
+std::size_t name_count;
+constexpr std::size_t first_capacity = std::size_t{1} << 12;
+
+std::uint32_t hashtext(std::string_view text)
+{
+    // Eight bytes a step: names are short, and this runs for every identifier of the input.
+    constexpr std::uint64_t multiplier = 0x9E3779B97F4A7C15U;
+    std::uint64_t hash = text.size() * multiplier;
+    const char *at = text.data();
+    std::size_t left = text.size();
+    for (; left >= sizeof hash; left -= sizeof hash, at += sizeof hash) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, at, sizeof word);
+        hash = (hash ^ word) * multiplier;
+        hash ^= hash >> 29U;
+    }
+    std::uint64_t word = 0;
+    if (left)
+        std::memcpy(&word, at, left);
+    hash = (hash ^ word) * multiplier;
+    hash ^= hash >> 32U;
+    return static_cast<std::uint32_t>(hash);
+}
+
+void growtable()
+{
+    std::vector<Name *> old(name_table.empty() ? first_capacity : name_table.size() * 2);
+    old.swap(name_table);
+    for (Name *name : old) {
+        if (!name)
+            continue;
+        std::size_t place = name->hash & (name_table.size() - 1);
+        while (name_table[place])
+            place = (place + 1) & (name_table.size() - 1);
+        name_table[place] = name;
+    }
+}
+
+Name *newname(std::string_view text, std::uint32_t hash)
+{
+    Name *name = newrecord<Name>();
+    name->text = keeptext(text);
+    name->length = static_cast<std::uint32_t>(text.size());
+    name->hash = hash;
+    return name;
+}
+
+}  // namespace
+
+Type *newtype(std::uint8_t kind, Type *sub)
+{
+    Type *type = newrecord<Type>();
+    type->kind = kind;
+    type->sub = sub;
+    return type;
+}
+
+Symbol *newsym(Name *name, Type *type)
+{
+    Symbol *symbol = newrecord<Symbol>();
+    symbol->name = name;
+    symbol->type = type;
+    return symbol;
+}
+
+Expr *newexpr(std::uint8_t op, Type *type)
+{
+    Expr *expr = newrecord<Expr>();
+    expr->op = op;
+    expr->type = type;
+    return expr;
+}
+
+Block *newblock()
+{
+    return newrecord<Block>();
+}
+
+Inst *newinst()
+{
+    return newrecord<Inst>();
+}
+
+Meta *newmeta()
+{
+    return newrecord<Meta>();
+}
+
+Expr *newnumber(std::string_view text)
+{
+    Expr *expr = newexpr(op::leaf, newtype(kind::int16, nullptr));
+    expr->leaf = leaf::number;
+    expr->value = intern(text);
+    return expr;
+}
+
+Name *intern(std::string_view text)
+{
+    if ((name_count + 1) * 2 > name_table.size())
+        growtable();
+    const std::uint32_t hash = hashtext(text);
+    const std::size_t mask = name_table.size() - 1;
+    std::size_t place = hash & mask;
+    for (; name_table[place]; place = (place + 1) & mask) {
+        Name *name = name_table[place];
+        if (name->hash == hash && nametext(name) == text)
+            return name;
+    }
+    ++name_count;
+    return name_table[place] = newname(text, hash);
+}
+
+Name *privatename(std::string_view text)
+{
+    return newname(text, 0);
+}
+
+std::uint32_t number(std::string_view text)
+{
+    std::uint32_t value = 0;
+    for (const char c : text)
+        value = value * 10 + static_cast<std::uint32_t>(static_cast<signed char>(c) - '0');
+    return value;
+}

@@ -1,0 +1,243 @@
+// Value substitution: a local operand gives way to the tree of the Inst that defines it, so that a chain of
+// three-address lines collapses into one nested expression while it is read.
+//
+//     %0 = load i16, i16* %i            the load is the leaf `i`
+//     %inc = add i16 %0, 1              i + 1
+//     store i16 %inc, i16* %i           i = i + 1
+//     store i16 %0, i16* %j             %0 is used again with an increment behind it: i++ replaces the store above
+//   gives
+//     j = i++;
+//
+// Nothing here is data-flow analysis. It leans on the shape of unoptimised code, in which every value has one use but
+// for the cases told below. A tree is shared by its definition and its uses: what changes a node reaches all of them.
+
+#include "model/locals.h"
+#include "model/model.h"
+
+#include "driver/driver.h"
+
+#include <charconv>
+#include <iterator>
+#include <string>
+
+Name *unusedname(std::uint32_t number)
+{
+    return intern("_unused" + std::to_string(static_cast<std::int32_t>(number)) + "_");
+}
+
+Name *tempname(const Name *name)
+{
+    return intern(std::string("_temp").append(nametext(name)).append("_"));
+}
+
+namespace {
+
+Expr *addressof(Expr *operand)
+{
+    Expr *address = newexpr(op::address, operand->type);
+    address->left = operand;
+    return address;
+}
+
+// ---- Further uses -----------------------------------------------------------------------------------------------
+
+// The first statement from `from` on goes into an expression: it prints nothing any more.
+Inst *absorbstatement(const Inst *from)
+{
+    Inst *statement = nextstatement(from);
+    if (statement) {
+        statement->op = inst::absorbed;
+        forgetstatement(statement);
+    }
+    return statement;
+}
+
+// %inc or %dec used again is the new value: the assignment of the whole step takes the place of the operand. Other
+// named values stand twice.
+Expr *reusenamed(Inst *definition)
+{
+    if (!namebegins(definition->name, "inc") && !namebegins(definition->name, "dec"))
+        return definition->expr;
+    const Inst *statement = absorbstatement(definition);
+    return statement ? statement->expr : definition->expr;
+}
+
+// `definition` moves its value to a variable:
+//     declaration of _tempN_, _tempN_ = tree, definition
+// The node of the tree turns into the name, which reaches all uses read so far; a copy of it is what is assigned.
+Expr *movetotemporary(Inst *definition)
+{
+    Expr *tree = definition->expr;
+    if (tree->op == op::leaf)
+        return tree;
+    definition->used = used::temporary;
+    Expr *copy = newexpr(tree->op, tree->type);
+    copy->left = tree->left;
+    copy->value = tree->value;
+    copy->right = tree->right;
+    tree->op = op::leaf;
+    tree->leaf = leaf::name;
+    tree->value = tempname(definition->name);
+
+    Inst *assignment = newinst();
+    assignment->op = inst::statement;
+    assignment->used = used::temporary;
+    assignment->expr = newexpr(op::assign, tree->type);
+    assignment->expr->left = newexpr(op::leaf, tree->type);
+    assignment->expr->left->leaf = leaf::name;
+    assignment->expr->left->value = tree->value;
+    assignment->expr->right = copy;
+
+    Inst *declaration = newinst();
+    declaration->op = inst::local;
+    declaration->name = tree->value;
+    declaration->expr = newexpr(op::leaf, tree->type);
+
+    Block *block = definition->block;
+    declaration->block = block;
+    assignment->block = block;
+    declaration->prev = definition->prev;
+    declaration->next = assignment;
+    assignment->prev = declaration;
+    assignment->next = definition;
+    // The Inst in front of a block's first one belongs to the block before: its `next` stays null.
+    (block->first == definition ? block->first : definition->prev->next) = declaration;
+    definition->prev = assignment;
+    noteinserted(declaration, assignment, definition);
+    return tree;
+}
+
+// The direction of a pointer step, from its own tree: increment or decrement, or 0 after a report.
+std::uint8_t stepdirection(const Expr *step)
+{
+    while (isop(step, op::cast) || isop(step, op::address))
+        step = step->left;
+    if (isop(step, op::add) || isop(step, op::index))
+        step = step->right;
+    if (!isop(step, op::leaf)) {
+        report("unexpected operator in postop\n");
+        return 0;
+    }
+    const bool text = step->leaf != leaf::none && step->leaf != leaf::aggregate;
+    return text && namebegins(step->value, "-") ? op::decrement : op::increment;
+}
+
+// The postfix operator that the Inst behind a numbered definition stands for, by its name; 0 if it is no step.
+std::uint8_t stepoperator(const Inst *step)
+{
+    if (!step || !step->name)
+        return 0;
+    if (namebegins(step->name, "incdec.ptr"))
+        return stepdirection(step->expr);
+    if (namebegins(step->name, "inc"))
+        return op::increment;
+    if (namebegins(step->name, "dec"))
+        return op::decrement;
+    return 0;
+}
+
+// A further use of the value of `definition`.
+Expr *postop(Inst *definition)
+{
+    Expr *tree = definition->expr;
+    if (!isnumbered(definition->name))
+        return reusenamed(definition);
+    const std::uint8_t step = stepoperator(definition->next);
+    if (!step)
+        return movetotemporary(definition);
+    if (!absorbstatement(definition->next))
+        return tree;
+    Expr *post = newexpr(step, tree->type);
+    post->left = tree;
+    return post;
+}
+
+// ---- The search -------------------------------------------------------------------------------------------------
+
+// The newest Inst up to `order` of a list, or null.
+Inst *newest(const std::vector<Inst *> &insts, std::uint32_t order)
+{
+    const auto at = upto(insts, order);
+    return at == insts.begin() ? nullptr : *std::prev(at);
+}
+
+bool isolder(const Inst *a, const Inst *b)
+{
+    return !a || (b && a->order < b->order);
+}
+
+// The newest store up to `order` that a use of the stored local can take over: it stands behind the last jump and
+// behind `definition`, and is not the assignment of a thing to itself.
+Inst *foldablestore(const LocalName &local, const Inst *definition, std::uint32_t order)
+{
+    auto at = upto(local.stores, order);
+    while (at != local.stores.begin()) {
+        Inst *store = *--at;
+        if (!isolder(definition, store) || !nojumpbetween(store->order, order))
+            return nullptr;
+        if (store->op == inst::statement && !sameoperand(store->expr->left, store->expr->right))
+            return store;
+    }
+    return nullptr;
+}
+
+Expr *foldstore(Inst *store)
+{
+    store->op = inst::value;
+    store->name = store->expr->value;
+    store->used = used::folded;
+    notefolded(store);
+    return store->expr;
+}
+
+// A name that no Inst defines: a parameter, or the address of something outside.
+Expr *undefinedlocal(Expr *operand)
+{
+    if (isnumbered(operand->value)) {
+        operand->value = unusedname(number(nametext(operand->value)));
+        return operand;
+    }
+    if (iskind(operand->type, kind::pointer) && isaggregate(operand->type->sub))
+        return operand;
+    return addressof(operand);
+}
+
+// The stack slot of the parameter that the operand names: its address where the operand was written with ".addr",
+// else the parameter's value.
+Expr *slotoperand(Expr *operand)
+{
+    if (!operand->slot)
+        return operand;
+    operand->slot = false;
+    return addressof(operand);
+}
+
+}  // namespace
+
+Expr *substitute(Expr *operand, Block *block)
+{
+    if (!isleaf(operand, leaf::local))
+        return operand;
+    operand->leaf = leaf::name;
+    const LocalName *local = findlocal(operand->value);
+    if (!local || !block || !block->last)
+        return undefinedlocal(operand);
+
+    const std::uint32_t order = block->last->order;
+    Inst *definition = newest(local->named, order);
+    Inst *slot = newest(local->slots, order);
+    const Inst *nearest = isolder(definition, slot) ? slot : definition;
+    if (Inst *store = foldablestore(*local, nearest, order))
+        return foldstore(store);
+    if (!nearest)
+        return undefinedlocal(operand);
+    if (nearest == slot)
+        return slotoperand(operand);
+    // A dynamic array's name is a pointer already.
+    if (definition->op == inst::local)
+        return definition->expr->op == op::leaf ? addressof(operand) : operand;
+    if (definition->used == used::folded)
+        return postop(definition);
+    definition->used = used::folded;
+    return definition->expr;
+}
