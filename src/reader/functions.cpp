@@ -1,0 +1,253 @@
+// Function definitions: the header, and the loop over the lines of a body.
+
+#include "reader/reader.h"
+
+#include "driver/driver.h"
+
+namespace {
+
+// The label of a block that the input doesn't label; no branch can refer to it.
+Name *entrylabel()
+{
+    static Name *const label = privatename("_entry_");
+    return label;
+}
+
+// The body being read.
+struct Body {
+    Symbol *fn;
+    Block *block;  // the current one, null until the first label or instruction
+    Block **tail;  // where the next block goes
+};
+
+void openblock(Body &body, Name *label, Inst *before)
+{
+    Block *block = newblock();
+    block->label = label;
+    block->last = before;
+    *body.tail = block;
+    body.tail = &block->next;
+    body.block = block;
+}
+
+void openentry(Body &body)
+{
+    if (!body.block)
+        openblock(body, entrylabel(), nullptr);
+}
+
+// The prev chain runs through the whole function, next stays within the block.
+void appendinst(Block *block, Inst *instruction)
+{
+    instruction->block = block;
+    instruction->prev = block->last;
+    (block->first ? block->last->next : block->first) = instruction;
+    block->last = instruction;
+    notelocal(instruction);
+}
+
+// The branch of an invoke to `label`, which continues the block: it goes, and no block is opened.
+bool continuesinvoke(Block *block, const Name *label)
+{
+    if (!block || !block->last || !namebegins(label, "invoke."))
+        return false;
+    Inst *jump = block->last;
+    if (jump->op != inst::jump || jump->name != label)
+        return false;
+    if (jump->block == block)
+        (block->first == jump ? block->first : jump->prev->next) = nullptr;
+    block->last = jump->prev;
+    dropjump();
+    return true;
+}
+
+void readbodylabel(Body &body, Name *label)
+{
+    if (!continuesinvoke(body.block, label))
+        openblock(body, label, body.block ? body.block->last : nullptr);
+}
+
+// ---- Statements -------------------------------------------------------------------------------------------------
+
+Inst *readcallstatement(Block *block)
+{
+    return readcall(block, nullptr);
+}
+
+Inst *readinvokestatement(Block *block)
+{
+    return readinvoke(block, nullptr);
+}
+
+Inst *readnothing(Block * /*block*/)
+{
+    Inst *instruction = newinst();
+    instruction->op = inst::nothing;
+    return instruction;
+}
+
+struct StatementForm {
+    std::string_view word;
+    Inst *(*read)(Block *block);
+};
+
+constexpr StatementForm statement_forms[] = {
+    {"store", readstore},    {"call", readcallstatement},  {"invoke", readinvokestatement},
+    {"br", readbr},          {"switch", readswitch},       {"ret", readret},
+    {"resume", readnothing}, {"unreachable", readnothing},
+};
+
+// The statement that opens with `word`; null for none.
+Inst *readstatement(std::string_view word, Block *block)
+{
+    if (after_invoke && word == "to")
+        return readto();
+    for (const StatementForm &form : statement_forms)
+        if (form.word == word)
+            return form.read(block);
+    report("invalid instruction code %s", word);
+    return nullptr;
+}
+
+// How a line of a body ends the reading of the function.
+enum class Line { goes_on, closes, abandons };
+
+bool istailword(const Token &t)
+{
+    return isword(t, "tail") || isword(t, "notail") || isword(t, "musttail");
+}
+
+// A statement or a label that opens with the identifier `first`.
+Line readwordline(Body &body, const Token &first)
+{
+    Token word = first;
+    if (istailword(word)) {
+        gettoken(word);
+        if (!isword(word, "call")) {
+            report("expecting call after tail marker");
+            return Line::abandons;
+        }
+    }
+    if (acceptif(token::colon)) {
+        readbodylabel(body, intern(tokentext(word)));
+        return Line::goes_on;
+    }
+    openentry(body);
+    if (Inst *instruction = readstatement(tokentext(word), body.block))
+        appendinst(body.block, instruction);
+    return Line::goes_on;
+}
+
+// name "=" instruction, from behind the "%".
+void readvalueline(Body &body)
+{
+    openentry(body);
+    Token t;
+    gettoken(t);
+    if (t.code != token::identifier && t.code != token::number) {
+        report("invalid temp name %.*s in define", tokentext(t));
+        return;
+    }
+    Name *name = intern(tokentext(t));
+    if (!expect(token::assign, "missing = in temp define"))
+        return;
+    if (Inst *instruction = readinst(name, body.block))
+        appendinst(body.block, instruction);
+}
+
+Line readbodyline(Body &body)
+{
+    Token t;
+    gettoken(t);
+    switch (t.code) {
+    case token::end_of_line:
+        return Line::goes_on;
+    case token::right_brace:
+        return Line::closes;
+    case token::identifier:
+        return readwordline(body, t);
+    case token::percent:
+        readvalueline(body);
+        return Line::goes_on;
+    default:
+        report("invalid instruction construct");
+        return Line::goes_on;
+    }
+}
+
+// The lines up to the closing brace.
+int readbody(Symbol *fn)
+{
+    Body body{fn, nullptr, &fn->type->blocks};
+    beginlocals();
+    for (;;) {
+        if (!nextline()) {
+            report("unexpected end of file");
+            return 1;
+        }
+        switch (readbodyline(body)) {
+        case Line::goes_on:
+            break;
+        case Line::abandons:
+            return 1;
+        case Line::closes:
+            fn->calls = takecalls();
+            add_function(fn);
+            return 0;
+        }
+    }
+}
+
+// ---- The header -------------------------------------------------------------------------------------------------
+
+std::uint8_t functionstorage(std::uint32_t flags)
+{
+    if (flags & flag::internal)
+        return storage::static_;
+    return flags & flag::hidden ? storage::hidden : storage::none;
+}
+
+// parameter { "," parameter } ")" from behind the opening parenthesis.
+Symbol *readheaderparams()
+{
+    if (acceptif(token::right_paren))
+        return nullptr;
+    unnamed_params = 0;
+    List<Symbol> parameters{};
+    for (;;) {
+        append(parameters, readparam());
+        Token t;
+        gettoken(t);
+        if (t.code == token::right_paren)
+            break;
+        if (t.code != token::comma)
+            report("missing , in declare arguments");
+        if (t.code == token::end_of_line)
+            break;
+    }
+    return parameters.head;
+}
+
+}  // namespace
+
+// words type "@" name "(" parameters ")" anything, and the body
+int readdefine()
+{
+    const std::uint32_t flags = readwords();
+    Type *result = readtype();
+    if (!expect(token::at, "invalid global prefix in define"))
+        return 1;
+    Token t;
+    gettoken(t);
+    if (t.code != token::identifier) {
+        report("invalid global name in define");
+        return 1;
+    }
+    Symbol *fn = newsym(intern(tokentext(t)), newtype(kind::function, result));
+    fn->storage = functionstorage(flags);
+    fn->flags = flags;
+    if (!expect(token::left_paren, "missing ( in define"))
+        return 1;
+    fn->type->params = readheaderparams();
+    return readbody(fn);
+}

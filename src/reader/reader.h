@@ -1,0 +1,132 @@
+// The readers of the input: a line-oriented scanner and one reader for each construct of the text.
+//
+// A line reader returns 0, or non-zero after a reported failure. A reader of a construct returns null after a
+// reported failure or for an input that is dropped: the caller adds nothing and goes on with the next line. Whatever
+// stands on a line behind what a reader needs is never looked at.
+#pragma once
+
+#include "model/model.h"
+
+#include <cstdint>
+#include <string_view>
+
+// ---- Scanner (scanner.cpp) --------------------------------------------------------------------------------------
+
+// One scan result: a view of the line, valid until the next nextline().
+struct Token {
+    const char *start;   // where the scan began, before any white space
+    const char *text;    // the first character; at the end of a line, its terminator
+    std::uint16_t lead;  // characters between start and text
+    std::uint16_t len;   // characters of the token, 0 at the end of a line
+    std::uint16_t code;  // token::...
+};
+
+// Opens the input. Returns false, unreported, if it can't be read as a file.
+bool openinput(const char *name);
+
+// Reads the next line, of at most 8191 characters: a longer one comes in pieces. Returns the line, or null at the end
+// of the input and ever after; the input is closed then. A read error is reported.
+const char *nextline();
+
+// Scans one token and moves the cursor behind it. At the end of a line it gives token::end_of_line again and again.
+// A string without its closing quote is reported and ends with the line.
+void gettoken(Token &t);
+
+// Moves the cursor back, so that the next gettoken() scans `t` again.
+void ungettoken(const Token &t);
+
+// Points the cursor at NUL-terminated text.
+void setcursor(const char *text);
+
+// Switches the report of strings without an end off or on. Returns whether one was met since the last call.
+bool scanquietly(bool on);
+
+// Turns a string token into a name token without the quotes.
+void unquote(Token &t);
+
+inline std::string_view tokentext(const Token &t)
+{
+    return {t.text, t.len};
+}
+// Whether the token is the identifier `word`.
+inline bool isword(const Token &t, std::string_view word)
+{
+    return t.code == token::identifier && tokentext(t) == word;
+}
+// Takes the next token if its code is `code`, or reports `message` and returns false; the token is taken either way.
+bool expect(std::uint16_t code, const char *message);
+// The same for an identifier.
+bool expectword(std::string_view word, const char *message);
+// Takes the next token only if its code is `code`.
+bool acceptif(std::uint16_t code);
+// Whether nothing is left on the line.
+bool atend();
+
+// Translates the escapes of an IR string into those of C. A translated zero byte in front of the closing quote is
+// taken out. The result is valid until the next call.
+std::string_view cstring(std::string_view text);
+
+// ---- Types (types.cpp) ------------------------------------------------------------------------------------------
+
+// Reads one type; the token behind it is left. Never null: a type that can't be read is reported and gives an int.
+Type *readtype();
+// The rest of a line that opens with `%`: name = type ...
+int readaggregateline();
+// Whether two types have the same shape: tags, member names and signatures of functions play no part.
+bool equaltype(const Type *a, const Type *b);
+// Whether both are the same scalar.
+bool samescalar(const Type *a, const Type *b);
+// Enters a literal aggregate that has got its tag; finds the newest entry of the shape of `type`, or null.
+void addanon(Type *type);
+const Type *findanon(const Type *type);
+// To be called after the kind of a type was changed while the output is written.
+void retyped(const Type *type);
+
+// ---- Module lines (globals.cpp) ---------------------------------------------------------------------------------
+
+int readgloballine();  // the rest of a line that opens with `@`
+int readdeclare();     // the rest of a `declare` line
+int readmetaline();    // the rest of a line that opens with `!`
+// Scans attribute words and returns the OR of their flags; the first other token is left.
+std::uint32_t readwords();
+// Rewrites the call of a memory intrinsic to the plain function of three arguments.
+void rewritecall(Expr *call);
+
+// ---- Operands (terms.cpp) ---------------------------------------------------------------------------------------
+
+// Reads one operand; never null. `type` is its type, null if the type stands in front of it in the text. With a
+// `block`, locals are replaced by the trees that define them; without, they stay leaves of code leaf::local.
+Expr *readterm(Type *type, Block *block);
+
+// ---- Instructions (instructions.cpp) ----------------------------------------------------------------------------
+
+// The right-hand side of `%name = ...`; `name` is null where only the tree is wanted.
+Inst *readinst(Name *name, Block *block);
+Inst *readstore(Block *block);
+// A cast of `operand` whose type record gets the other signedness, for all nodes that hold it.
+Expr *forcesign(Expr *operand);
+
+// ---- Calls (calls.cpp) ------------------------------------------------------------------------------------------
+
+// What follows the words `call` and `invoke`. `instruction` is the Inst of a value line; null makes a statement.
+Inst *readcall(Block *block, Inst *instruction);
+Inst *readinvoke(Block *block, Inst *instruction);
+// One argument of a call.
+Expr *readparam(Block *block);
+// One parameter of a function header; unnamed ones are numbered from unnamed_params.
+Symbol *readparam();
+extern std::uint32_t unnamed_params;
+extern bool after_invoke;  // an invoke was read and its `to` line is due
+
+// ---- Branches (branches.cpp) ------------------------------------------------------------------------------------
+
+Inst *readbr(Block *block);
+Inst *readto();
+Inst *readswitch(Block *block);
+Inst *readret(Block *block);
+// The pairs of a phi, into `instruction`.
+Inst *readphi(Inst *instruction);
+
+// ---- Functions (functions.cpp) ----------------------------------------------------------------------------------
+
+int readdefine();  // from behind the word `define` to the closing brace

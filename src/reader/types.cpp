@@ -1,0 +1,470 @@
+// Types and aggregate definitions.
+//
+// An aggregate may be named before it is defined. The list of aggregates must end up in an order in which the C
+// structures can be printed one after the other, so what a definition names for the first time is kept apart and put
+// in front of it:
+//
+//     %struct.a = type { %struct.b*, %struct.c }      forward: c, b
+//     %struct.b = type { i16 }                        aggregates: b, c, a; b is filled in where it stands
+
+#include "reader/reader.h"
+
+#include "driver/driver.h"
+
+#include <set>
+#include <string>
+#include <tuple>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+// ---- Types ------------------------------------------------------------------------------------------------------
+
+namespace {
+
+struct BaseType {
+    std::string_view word;
+    std::uint8_t kind;
+};
+
+constexpr BaseType base_types[] = {
+    {"void", kind::void_}, {"i1", kind::boolean},    {"i8", kind::plain_char},
+    {"i16", kind::int16},  {"i24", kind::int24},     {"i32", kind::int32},
+    {"i64", kind::int64},  {"float", kind::float32}, {"double", kind::float64},
+};
+
+int aggregate_depth;  // braces open around the type being read
+
+Type *makenode(std::uint8_t code, Type *sub)
+{
+    Type *type = newtype(code, sub);
+    type->in_aggregate = aggregate_depth > 0;
+    return type;
+}
+
+// "f0", "f1", ... for the members of a structure in order.
+Name *membername(std::uint32_t place)
+{
+    return intern("f" + std::to_string(place));
+}
+
+void addaggregate(Symbol *symbol);
+
+// The symbol of the aggregate `name`; enters it as named but not defined if there is none.
+Symbol *namedaggregate(Name *name)
+{
+    if (name->aggregate)
+        return name->aggregate;
+    if (name->forward)
+        return name->forward;
+    Symbol *symbol = newsym(name, newtype(kind::void_, nullptr));
+    symbol->type->in_aggregate = true;
+    addaggregate(symbol);
+    return symbol;
+}
+
+// members = type { "," type } "}", read from the first type on. Returns false if `message` was reported.
+bool readmembers(Type *aggregate, const char *message)
+{
+    bool clean = true;
+    List<Symbol> members{};
+    ++aggregate_depth;
+    for (std::uint32_t place = 0;; ++place) {
+        append(members, newsym(membername(place), readtype()));
+        Token t;
+        gettoken(t);
+        if (t.code == token::right_brace)
+            break;
+        if (t.code != token::comma) {
+            report(message);
+            clean = false;
+        }
+        if (t.code == token::end_of_line)
+            break;
+    }
+    --aggregate_depth;
+    aggregate->members = members.head;
+    return clean;
+}
+
+// "[" number "x" type "]"
+Type *readarray()
+{
+    Type *array = makenode(kind::array, nullptr);
+    Token t;
+    gettoken(t);
+    if (t.code == token::number)
+        array->count = number(tokentext(t));
+    else
+        report("missing number for array size");
+    expectword("x", "missing x for array type");
+    array->sub = readtype();
+    expect(token::right_bracket, "missing closing ] for array type");
+    return array;
+}
+
+// "{" "}" or "{" members
+Type *readliteralstructure()
+{
+    Type *structure = makenode(kind::structure, nullptr);
+    if (!acceptif(token::right_brace))
+        readmembers(structure, "missing , in structure type");
+    return structure;
+}
+
+Type *readbasetype(const Token &t)
+{
+    const std::string_view word = tokentext(t);
+    for (const BaseType &row : base_types)
+        if (row.word == word)
+            return makenode(row.kind, nullptr);
+    report("invalid base type %.*s", word);
+    return makenode(kind::int16, nullptr);
+}
+
+// The name behind "%", plain or quoted.
+bool readaggregatename(Token &t)
+{
+    gettoken(t);
+    if (t.code == token::string)
+        unquote(t);
+    if (t.code == token::identifier)
+        return true;
+    report("invalid aggregate name");
+    return false;
+}
+
+// Types up to ")", with commas between them that are not insisted on.
+void readparameters(Type *function)
+{
+    List<Symbol> parameters{};
+    while (!acceptif(token::right_paren)) {
+        acceptif(token::comma);
+        const bool ended = atend();  // readtype() reports the type that is missing there
+        append(parameters, newsym(nullptr, readtype()));
+        if (ended)
+            break;
+    }
+    function->params = parameters.head;
+}
+
+// Any number of "*" and parameter lists behind a type.
+Type *readsuffixes(Type *type)
+{
+    for (;;) {
+        Token t;
+        gettoken(t);
+        if (t.code == token::star) {
+            type = makenode(kind::pointer, type);
+        } else if (t.code == token::left_paren) {
+            type = makenode(kind::function, type);
+            readparameters(type);
+        } else {
+            ungettoken(t);
+            return type;
+        }
+    }
+}
+
+}  // namespace
+
+// type = ("[" number "x" type "]" | "{" types "}" | word | "%" name | "...") suffixes
+Type *readtype()
+{
+    Token t;
+    gettoken(t);
+    switch (t.code) {
+    case token::left_bracket:
+        return readsuffixes(readarray());
+    case token::left_brace:
+        return readsuffixes(readliteralstructure());
+    case token::percent:
+        if (!readaggregatename(t))
+            return readsuffixes(makenode(kind::int16, nullptr));
+        return readsuffixes(namedaggregate(intern(tokentext(t)))->type);
+    case token::ellipsis:
+        return makenode(kind::ellipsis, nullptr);
+    default:
+        return readsuffixes(readbasetype(t));
+    }
+}
+
+bool samescalar(const Type *a, const Type *b)
+{
+    return a && b && a->kind == b->kind && a->kind <= kind::last_scalar;
+}
+
+// ---- Aggregate definitions --------------------------------------------------------------------------------------
+
+namespace {
+
+struct AggregatePrefix {
+    std::string_view text;
+    std::uint8_t kind;
+};
+
+constexpr AggregatePrefix aggregate_prefixes[] = {
+    {"struct.", kind::structure},
+    {"class.", kind::structure},
+    {"union.", kind::union_},
+};
+
+void pushforward(Symbol *symbol)
+{
+    if (symbol->name->forward)
+        return;
+    symbol->name->forward = symbol;
+    symbol->next = forward_aggregates;
+    forward_aggregates = symbol;
+}
+
+void appendaggregate(Symbol *symbol)
+{
+    symbol->prev = aggregates.tail;
+    append(aggregates, symbol);
+    symbol->name->aggregate = symbol;
+}
+
+void insertaggregate(Symbol *symbol, Symbol *before)
+{
+    symbol->next = before;
+    symbol->prev = before->prev;
+    (before->prev ? before->prev->next : aggregates.head) = symbol;
+    before->prev = symbol;
+    if (!symbol->name->aggregate)
+        symbol->name->aggregate = symbol;
+}
+
+// Everything that was named and not placed goes in front of `definition`, the newest first and each further one in
+// front of it: in the order of the naming.
+void drainforward(Symbol *definition)
+{
+    Symbol *before = definition;
+    while (Symbol *symbol = forward_aggregates) {
+        forward_aggregates = symbol->next;
+        symbol->name->forward = nullptr;
+        if (symbol->name == definition->name)
+            continue;
+        insertaggregate(symbol, before);
+        before = symbol;
+    }
+}
+
+void fillin(Type *named, const Type *definition)
+{
+    named->kind = definition->kind;
+    named->tag = definition->tag;
+    named->members = definition->members;
+}
+
+void addaggregate(Symbol *symbol)
+{
+    if (symbol->type->kind == kind::void_) {
+        pushforward(symbol);
+        return;
+    }
+    Symbol *placed = symbol->name->aggregate;
+    if (!placed) {
+        appendaggregate(symbol);
+        placed = symbol;
+    } else if (placed->type->kind == kind::void_) {
+        fillin(placed->type, symbol->type);
+    } else {
+        report("redeclared aggregate %s", symbol->name->text);
+    }
+    drainforward(placed);
+}
+
+// "{" [members] behind the word `type`; `t` is the token at hand. Returns false after a report.
+bool readbody(Type *aggregate, const Token &t)
+{
+    bool clean = true;
+    if (t.code != token::left_brace) {
+        report("missing { in aggragate definition");
+        clean = false;
+    }
+    if (!acceptif(token::right_brace))
+        clean &= readmembers(aggregate, "syntax error in aggregate definition");
+    return clean;
+}
+
+// "opaque" or ["<"] "{" [members] "}" [">"]
+int readaggregate(Name *name)
+{
+    const AggregatePrefix *prefix = nullptr;
+    for (const AggregatePrefix &row : aggregate_prefixes)
+        if (namebegins(name, row.text))
+            prefix = &row;
+    if (!prefix) {
+        report("unknow aggregate prefix %s", name->text);
+        return 1;
+    }
+    Symbol *symbol = newsym(name, newtype(prefix->kind, nullptr));
+    symbol->type->in_aggregate = true;
+    symbol->type->tag = intern(nametext(name).substr(prefix->text.size()));
+    Token t;
+    gettoken(t);
+    if (isword(t, "opaque")) {
+        addaggregate(symbol);
+        return 0;
+    }
+    const bool packed = t.code == token::less;
+    if (packed)
+        gettoken(t);
+    bool clean = readbody(symbol->type, t);
+    addaggregate(symbol);
+    if (packed)
+        clean &= expect(token::greater, "missing closing > in packed aggregate definition");
+    return clean ? 0 : 1;
+}
+
+}  // namespace
+
+// "%" name "=" "type" definition
+int readaggregateline()
+{
+    Token t;
+    if (!readaggregatename(t))
+        return 1;
+    Name *name = intern(tokentext(t));
+    if (!expect(token::assign, "missing = in aggragate definition"))
+        return 1;
+    if (!expectword("type", "missing type in aggragate definition"))
+        return 1;
+    return readaggregate(name);
+}
+
+// ---- Shapes -----------------------------------------------------------------------------------------------------
+
+namespace {
+
+using TypePair = std::pair<const Type *, const Type *>;
+
+// The comparison goes through pairs of types that have yet to be found equal. A pair of aggregates is looked at once:
+// types that reach themselves through pointers are equal unless something else tells them apart.
+struct ShapeComparison {
+    std::vector<TypePair> pending;
+    std::set<TypePair> seen;
+};
+
+// Down through pointers and arrays in step, to the first other kind. Returns false if the types differ.
+bool descend(const Type *&a, const Type *&b)
+{
+    while (a && b && a != b) {
+        if (a->kind != b->kind || (a->kind == kind::array && a->count != b->count))
+            return false;
+        if (a->kind != kind::pointer && a->kind != kind::array)
+            return true;
+        a = a->sub;
+        b = b->sub;
+    }
+    return a == b;
+}
+
+// Both are aggregates of one kind: their members become pending. Returns false if the member lists differ in length.
+bool comparemembers(ShapeComparison &comparison, const Type *a, const Type *b)
+{
+    if (!comparison.seen.emplace(a, b).second)
+        return true;
+    const Symbol *x = a->members;
+    const Symbol *y = b->members;
+    for (; x && y; x = x->next, y = y->next)
+        comparison.pending.emplace_back(x->type, y->type);
+    return x == y;
+}
+
+}  // namespace
+
+bool equaltype(const Type *a, const Type *b)
+{
+    if (!descend(a, b))
+        return false;
+    if (a == b || !isaggregate(a))
+        return true;
+    ShapeComparison comparison;
+    comparison.pending.emplace_back(a, b);
+    while (!comparison.pending.empty()) {
+        std::tie(a, b) = comparison.pending.back();
+        comparison.pending.pop_back();
+        if (!descend(a, b))
+            return false;
+        if (a != b && isaggregate(a) && !comparemembers(comparison, a, b))
+            return false;
+    }
+    return true;
+}
+
+// ---- Literal aggregates that have a tag -------------------------------------------------------------------------
+
+namespace {
+
+// All entries in the order of their entering, and the same by a hash of the shape. The hash holds what the shape of
+// an equal type must have in common, a few levels deep.
+constinit std::vector<Type *> anon_types;
+std::unordered_map<std::size_t, std::vector<const Type *>> &anonindex()
+{
+    static std::unordered_map<std::size_t, std::vector<const Type *>> index;
+    return index;
+}
+bool anon_stale;  // a type has changed since the index was built
+
+std::size_t mixed(std::size_t hash, std::size_t value)
+{
+    constexpr std::size_t multiplier = 0x100000001B3U;
+    return (hash ^ value) * multiplier;
+}
+
+std::size_t shapehash(const Type *type, int levels)
+{
+    std::size_t hash = 0;
+    while (type && (type->kind == kind::pointer || type->kind == kind::array)) {
+        hash = mixed(mixed(hash, type->kind), type->kind == kind::array ? type->count : 0);
+        type = type->sub;
+    }
+    hash = mixed(hash, type ? type->kind : 0);
+    if (levels == 0 || !isaggregate(type))
+        return hash;
+    constexpr int hashed_members = 16;
+    int place = 0;
+    for (const Symbol *member = type->members; member && place < hashed_members; member = member->next, ++place)
+        hash = mixed(hash, shapehash(member->type, levels - 1));
+    return hash;
+}
+
+constexpr int hashed_levels = 2;
+
+void refreshindex()
+{
+    if (!anon_stale)
+        return;
+    anon_stale = false;
+    anonindex().clear();
+    for (const Type *type : anon_types)
+        anonindex()[shapehash(type, hashed_levels)].push_back(type);
+}
+
+}  // namespace
+
+void addanon(Type *type)
+{
+    refreshindex();
+    anon_types.push_back(type);
+    anonindex()[shapehash(type, hashed_levels)].push_back(type);
+}
+
+const Type *findanon(const Type *type)
+{
+    refreshindex();
+    const auto entries = anonindex().find(shapehash(type, hashed_levels));
+    if (entries == anonindex().end())
+        return nullptr;
+    for (auto entry = entries->second.rbegin(); entry != entries->second.rend(); ++entry)
+        if (equaltype(type, *entry))
+            return *entry;
+    return nullptr;
+}
+
+void retyped(const Type *type)
+{
+    anon_stale |= type->in_aggregate;
+}
