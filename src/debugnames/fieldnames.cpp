@@ -1,0 +1,342 @@
+// Field names from debug metadata. The text of a metadata line is scanned for a few keys in the order in which the
+// front end writes them:
+//
+//     !5 = !DICompositeType(tag: DW_TAG_structure_type, name: "S", scope: !3, ...)
+//     !7 = !DIDerivedType(tag: DW_TAG_member, name: "a", scope: !5, ...)
+//
+// The composite's name with its scopes in front, `ns::S`, leads to the aggregate; its members take the names of the
+// member lines behind the composite's line that name it as their scope, by position alone.
+//
+// Every line is scanned once, and found through indexes from then on. A line with a string that doesn't end is
+// scanned again, aloud, each time that it is consulted: its fault is reported there and nowhere else.
+
+#include "debugnames/debugnames.h"
+
+#include "reader/reader.h"
+
+#include <algorithm>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace {
+
+// What a metadata line says.
+struct MetaLine {
+    const Meta *meta;
+    Name *name;           // of a composite, a member or a scope; null without one
+    std::uint32_t scope;  // number of the scope
+    bool has_scope;
+    std::uint8_t kind;     // kind of the aggregate that a composite defines, 0 for other lines
+    bool member;           // names a member
+    bool faulty;           // holds a string without an end
+    const MetaLine *seen;  // the composite whose scope chain has passed here last
+};
+
+struct MetaIndex {
+    std::vector<MetaLine> lines;                                          // in the order of the file
+    std::unordered_map<std::uint32_t, std::size_t> by_id;                 // the first line of a number
+    std::unordered_map<std::uint32_t, std::vector<std::size_t>> members;  // member lines by scope
+    std::vector<std::size_t> loose_members;                               // member lines without a scope
+    std::vector<std::size_t> faulty_members;                              // lines that look like members and are faulty
+    // The first aggregate of each kind and tag.
+    std::unordered_map<const Name *, Symbol *> structures;
+    std::unordered_map<const Name *, Symbol *> unions;
+};
+
+// ---- Scanning a line --------------------------------------------------------------------------------------------
+
+// Scans from `text` for `key` and a colon; gives the value behind them, the number alone for a reference !12.
+bool findkey(Token &value, const char *text, std::string_view key)
+{
+    setcursor(text);
+    for (;;) {
+        Token t;
+        gettoken(t);
+        if (t.code == token::end_of_line)
+            return false;
+        if (!isword(t, key))
+            continue;
+        gettoken(t);
+        if (t.code != token::colon)
+            continue;
+        gettoken(value);
+        if (value.code == token::bang)
+            gettoken(value);
+        return true;
+    }
+}
+
+// The same from the token behind the cursor on.
+bool findnextkey(Token &value, std::string_view key)
+{
+    Token t;
+    gettoken(t);
+    return findkey(value, t.text, key);
+}
+
+Name *internquoted(Token t)
+{
+    unquote(t);
+    return intern(tokentext(t));
+}
+
+void scanscope(MetaLine &line)
+{
+    Token t;
+    if (findnextkey(t, "scope") && t.code == token::number) {
+        line.scope = number(tokentext(t));
+        line.has_scope = true;
+    }
+}
+
+struct AggregateTag {
+    std::string_view text;
+    std::uint8_t kind;
+};
+
+constexpr AggregateTag aggregate_tags[] = {
+    {"DW_TAG_union_type", kind::union_},
+    {"DW_TAG_class_type", kind::structure},
+    {"DW_TAG_structure_type", kind::structure},
+};
+
+std::uint8_t aggregatekind(const Token &t)
+{
+    for (const AggregateTag &row : aggregate_tags)
+        if (isword(t, row.text))
+            return row.kind;
+    return 0;
+}
+
+// A composite or a member: word "(" tag, name, scope in this order.
+void scantagged(MetaLine &line, bool composite)
+{
+    Token t;
+    if (!findnextkey(t, "tag"))
+        return;
+    const std::uint8_t code = composite ? aggregatekind(t) : 0;
+    if (composite ? code == 0 : !isword(t, "DW_TAG_member"))
+        return;
+    if (!findnextkey(t, "name") || t.code != token::string)
+        return;
+    line.name = internquoted(t);
+    line.kind = code;
+    line.member = !composite;
+    scanscope(line);
+}
+
+// Any line can be the scope of another: name and scope in this order.
+void scanscopeline(MetaLine &line)
+{
+    Token t;
+    if (!findkey(t, line.meta->text, "name") || t.code != token::string)
+        return;
+    line.name = internquoted(t);
+    scanscope(line);
+}
+
+// The keys of a line that defines a composite or a member; any other line gets nothing.
+void scandefinition(MetaLine &line)
+{
+    Token t;
+    setcursor(line.meta->text);
+    gettoken(t);
+    const bool composite = isword(t, "DICompositeType");
+    if (composite || isword(t, "DIDerivedType"))
+        scantagged(line, composite);
+}
+
+// Says what is wrong with a line that is consulted.
+void reportfault(MetaLine line, void (*scan)(MetaLine &line))
+{
+    if (line.faulty)
+        scan(line);
+}
+
+MetaLine scanline(const Meta *meta)
+{
+    MetaLine line{};
+    line.meta = meta;
+    scanquietly(true);
+    scandefinition(line);
+    if (!line.name)
+        scanscopeline(line);
+    line.faulty = scanquietly(false);
+    return line;
+}
+
+// ---- The index --------------------------------------------------------------------------------------------------
+
+void indexmembers(MetaIndex &index, std::size_t place)
+{
+    const MetaLine &line = index.lines[place];
+    if (line.faulty && line.kind == 0)
+        index.faulty_members.push_back(place);
+    if (!line.member)
+        return;
+    if (line.has_scope)
+        index.members[line.scope].push_back(place);
+    else
+        index.loose_members.push_back(place);
+}
+
+void indexaggregates(MetaIndex &index)
+{
+    for (Symbol *entry = aggregates.head; entry; entry = entry->next) {
+        if (isaggregate(entry->type))
+            (entry->type->kind == kind::union_ ? index.unions : index.structures).emplace(entry->type->tag, entry);
+    }
+}
+
+void buildindex(MetaIndex &index)
+{
+    for (const Meta *meta = metas.head; meta; meta = meta->next) {
+        const std::size_t place = index.lines.size();
+        index.lines.push_back(scanline(meta));
+        index.by_id.emplace(meta->id, place);
+        indexmembers(index, place);
+    }
+    indexaggregates(index);
+}
+
+// ---- Names ------------------------------------------------------------------------------------------------------
+
+// No aggregate's name is longer than the line that defines it.
+constexpr std::size_t longest_name = 8192;
+
+// The scope lines of a composite, outermost last, without a chain that comes back to a line it has passed.
+struct ScopeChain {
+    std::vector<const Name *> names;  // of the composite and its scopes
+    std::size_t length;               // of the qualified name
+};
+
+// The line that `at` names as its scope, if that has a name and was not passed on the way from `composite`.
+MetaLine *enclosingscope(MetaIndex &index, const MetaLine &at, const MetaLine &composite)
+{
+    if (!at.has_scope)
+        return nullptr;
+    const auto entry = index.by_id.find(at.scope);
+    if (entry == index.by_id.end())
+        return nullptr;
+    MetaLine &scope = index.lines[entry->second];
+    if (&scope == &composite || scope.seen == &composite)
+        return nullptr;
+    reportfault(scope, scanscopeline);
+    if (!scope.name)
+        return nullptr;
+    scope.seen = &composite;
+    return &scope;
+}
+
+ScopeChain scopechain(MetaIndex &index, const MetaLine &composite)
+{
+    constexpr std::size_t separator = 2;
+    ScopeChain chain{{composite.name}, composite.name->length};
+    for (const MetaLine *at = enclosingscope(index, composite, composite); at && chain.length <= longest_name;
+         at = enclosingscope(index, *at, composite)) {
+        chain.names.push_back(at->name);
+        chain.length += at->name->length + separator;
+    }
+    return chain;
+}
+
+// The name of a composite with its scopes in front, outermost first; null if it is too long for any aggregate.
+const Name *qualifyname(MetaIndex &index, const MetaLine &composite)
+{
+    const ScopeChain chain = scopechain(index, composite);
+    if (chain.length > longest_name)
+        return nullptr;
+    std::string name;
+    for (auto part = chain.names.rbegin(); part != chain.names.rend(); ++part) {
+        if (part != chain.names.rbegin())
+            name.append("::");
+        name.append(nametext(*part));
+    }
+    return intern(name);
+}
+
+// The first aggregate of the composite's kind and qualified name, or null.
+Symbol *findaggregate(MetaIndex &index, const MetaLine &composite)
+{
+    const Name *tag = qualifyname(index, composite);
+    const auto &candidates = composite.kind == kind::union_ ? index.unions : index.structures;
+    const auto entry = candidates.find(tag);
+    return entry == candidates.end() ? nullptr : entry->second;
+}
+
+// ---- Members ----------------------------------------------------------------------------------------------------
+
+// Line numbers in the order of the file, from behind a composite on.
+struct LineRange {
+    std::vector<std::size_t>::const_iterator next, end;
+};
+
+LineRange linesbehind(const std::vector<std::size_t> &lines, std::size_t place)
+{
+    return {std::upper_bound(lines.begin(), lines.end(), place), lines.end()};
+}
+
+// The member lines of one composite: those of its scope and those without any, with the faulty ones on the way.
+struct MemberLines {
+    LineRange own;
+    LineRange loose;
+    LineRange faulty;
+};
+
+MemberLines memberlines(const MetaIndex &index, std::size_t place)
+{
+    static const std::vector<std::size_t> none;
+    const auto own = index.members.find(index.lines[place].meta->id);
+    return {linesbehind(own == index.members.end() ? none : own->second, place),
+            linesbehind(index.loose_members, place), linesbehind(index.faulty_members, place)};
+}
+
+// The next line of the composite, or null at the end of the file.
+const MetaLine *nextmember(const MetaIndex &index, MemberLines &lines)
+{
+    std::size_t place = index.lines.size();
+    LineRange *source = nullptr;
+    for (LineRange *range : {&lines.own, &lines.loose}) {
+        if (range->next != range->end && *range->next < place) {
+            place = *range->next;
+            source = range;
+        }
+    }
+    for (; lines.faulty.next != lines.faulty.end && *lines.faulty.next <= place; ++lines.faulty.next)
+        reportfault(index.lines[*lines.faulty.next], scandefinition);
+    if (!source)
+        return nullptr;
+    ++source->next;
+    return &index.lines[place];
+}
+
+void namemembers(const MetaIndex &index, std::size_t place, const Symbol *aggregate)
+{
+    MemberLines lines = memberlines(index, place);
+    for (Symbol *member = aggregate->type->members; member; member = member->next) {
+        const MetaLine *line = nextmember(index, lines);
+        if (!line)
+            return;
+        member->name = line->name;
+    }
+}
+
+}  // namespace
+
+void namefields()
+{
+    if (!metas.head)
+        return;
+    MetaIndex index;
+    buildindex(index);
+    for (std::size_t place = 0; place < index.lines.size(); ++place) {
+        const MetaLine &composite = index.lines[place];
+        if (composite.kind == 0)
+            continue;
+        reportfault(composite, scandefinition);
+        if (const Symbol *aggregate = findaggregate(index, composite))
+            namemembers(index, place, aggregate);
+    }
+}

@@ -1,0 +1,527 @@
+// Loops and branches: the label dispatch at the start of each block, which writes braces, `else`, `do`, `default:` and
+// labels, and the handlers of the branches, which write the heads of constructs and the jumps.
+
+#include "structure/structure.h"
+
+#include "driver/driver.h"
+#include "emit/emit.h"
+
+#include <algorithm>
+
+namespace {
+
+// What the last jump was; not reset between functions.
+enum class GotoState : std::uint8_t {
+    none,
+    leaves_then,  // the jump at hand is a goto out of an if.then block
+    left_then,    // the last one was
+    leaves_else,  // the jump at hand is a goto out of an if.else block right behind such a one
+};
+
+GotoState gotostate = GotoState::none;
+
+bool holdsdot(const Name *label)
+{
+    return nametext(label).find('.') != std::string_view::npos;
+}
+
+// head condition tail, as one line
+void outhead(std::string_view head, Expr *condition, std::string_view tail, bool paren = false)
+{
+    outindent();
+    outtext(head);
+    outexpr(condition, paren);
+    outtext(tail);
+}
+
+// ---- Label dispatch ---------------------------------------------------------------------------------------------
+
+bool isbodylabel(const Block *block)
+{
+    return labelbegins(block, "if.then") || labelbegins(block, "while.body") || labelbegins(block, "for.body");
+}
+
+// A body opens its brace, or is the empty statement of a loop on itself.
+void rowbody(WalkState &state)
+{
+    if (state.block->label->text[0] == 'w' && !state.whilehead)
+        outline("for (;;)");
+    state.whilehead = false;
+    const Inst *first = state.inst;
+    if (first && first->op == inst::jump && first->name == state.block->label) {
+        ++indent_depth;
+        outline(";");
+        --indent_depth;
+    } else {
+        openbrace();
+    }
+}
+
+// A for.cond block without a condition of its own: the loop is endless.
+bool isendlesshead(const Block *block)
+{
+    return labelbegins(block, "for.cond") && !endsin(block, inst::for_branch) && !endsin(block, inst::chain_branch);
+}
+
+void rowendless(WalkState & /*state*/)
+{
+    outline("for (;;)");
+    openbrace();
+}
+
+void rowdo(WalkState &state)
+{
+    outline("do\t{");
+    ++indent_depth;
+    state.dotail = false;
+}
+
+void rowdoend(WalkState &state)
+{
+    if (!state.dotail) {
+        closebrace();
+        outline("while (0);");
+    }
+    state.dotail = false;
+}
+
+void rowelse(WalkState & /*state*/)
+{
+    closebrace();
+    outline("else");
+    openbrace();
+}
+
+// Case labels that the end of a switch has got stand inside the braces, with a way out behind them.
+void rowend(WalkState &state)
+{
+    if (state.inst && state.inst->op == inst::case_label && labelbegins(state.block, "sw.epilog")) {
+        for (; state.inst && state.inst->op == inst::case_label; state.inst = state.inst->next)
+            handlecase(state);
+        outline("break;");
+    }
+    closebrace();
+}
+
+void rowdefault(WalkState & /*state*/)
+{
+    --indent_depth;
+    outline("default:");
+    ++indent_depth;
+}
+
+bool isconstructend(const Block *block)
+{
+    return labelbegins(block, "if.end") || labelbegins(block, "while.end") || labelbegins(block, "for.end") ||
+           labelbegins(block, "sw.epilog");
+}
+
+bool isdobody(const Block *block)
+{
+    return labelbegins(block, "do.body");
+}
+
+bool isdoend(const Block *block)
+{
+    return labelbegins(block, "do.end");
+}
+
+bool iselse(const Block *block)
+{
+    return labelbegins(block, "if.else");
+}
+
+bool isdefault(const Block *block)
+{
+    return labelbegins(block, "sw.default");
+}
+
+bool isplain(const Block *block)
+{
+    return !holdsdot(block->label);
+}
+
+struct DispatchRow {
+    bool (*fits)(const Block *block);
+    void (*act)(WalkState &state);
+};
+
+// The first row that fits is carried out.
+constexpr DispatchRow dispatch_rows[] = {
+    {isbodylabel, rowbody}, {isendlesshead, rowendless}, {isdobody, rowdo},       {isdoend, rowdoend},
+    {iselse, rowelse},      {isconstructend, rowend},    {isdefault, rowdefault}, {isplain, outplainlabel},
+};
+
+}  // namespace
+
+void dispatchlabel(WalkState &state)
+{
+    if (!state.block->label)
+        return;  // a join has consumed the block
+    for (const DispatchRow &row : dispatch_rows) {
+        if (row.fits(state.block)) {
+            row.act(state);
+            return;
+        }
+    }
+}
+
+// ---- if, while, do ----------------------------------------------------------------------------------------------
+
+namespace {
+
+void negate(Expr *&condition)
+{
+    if (condition && iscomparison(condition->op)) {
+        condition->op = opposite(condition->op);
+        return;
+    }
+    Expr *negated = newexpr(op::logical_not, condition ? condition->type : nullptr);
+    negated->left = condition;
+    condition = negated;
+}
+
+}  // namespace
+
+// The branch of an `if`; in a join it ends the chain of its condition. The body is what follows, so a branch that goes
+// elsewhere on true is negated.
+void handleif(WalkState &state)
+{
+    if (state.joinstate != join::none) {
+        addcomma(state.inst, state.pending);
+        mergeconds(state.joinstart, state.block);
+        state.joinstate = join::none;
+    }
+    outindent();
+    outtext("if (");
+    const Block *next = state.block->next;
+    if (next && nametext(branchpair(state.inst)->true_label) != nametext(next->label))
+        negate(state.inst->expr);
+    outexpr(state.inst->expr, false);
+    outtext(")\n");
+    state.inst = nullptr;
+}
+
+void handlewhile(WalkState &state)
+{
+    outhead("while (", state.inst->expr, ")\n");
+    state.whilehead = true;
+    state.inst = nullptr;
+}
+
+void handledo(WalkState &state)
+{
+    closebrace();
+    outhead("while (", state.inst->expr, ");\n");
+    state.dotail = true;
+    state.inst = nullptr;
+}
+
+// ---- for --------------------------------------------------------------------------------------------------------
+
+namespace {
+
+void indexincrements(WalkState &state)
+{
+    state.increments_indexed = true;
+    for (Block *block = state.firstblock; block; block = block->next)
+        if (labelbegins(block, "for.inc") && endsin(block, inst::jump) && block->last->name)
+            state.increments[block->last->name].push_back(block);
+}
+
+// The first for.inc block behind the head that leads back to it, or null.
+Block *incrementblock(WalkState &state)
+{
+    if (!state.block->label)
+        return nullptr;
+    if (!state.increments_indexed)
+        indexincrements(state);
+    const auto entry = state.increments.find(state.block->label);
+    if (entry == state.increments.end())
+        return nullptr;
+    for (Block *block : entry->second)
+        if (block->position > state.block->position && labelbegins(block, "for.inc") &&
+            block->last->name == state.block->label)
+            return block;
+    return nullptr;
+}
+
+// Moves the statements of the increment into the head; only the branch is left of the block.
+void outincrement(Block *block)
+{
+    bool first = true;
+    for (Inst *at = block->first; at && at != block->last; at = at->next) {
+        if (!isstatement(at))
+            continue;
+        if (!first)
+            outtext(", ");
+        first = false;
+        outexpr(at->expr, false);
+    }
+    block->first = block->last;
+}
+
+}  // namespace
+
+void handlefor(WalkState &state)
+{
+    outindent();
+    outtext("for (");
+    if (state.pending)
+        outexpr(state.pending, false);
+    else
+        outchar(' ');
+    state.pending = nullptr;
+    outtext("; ");
+    outexpr(state.inst->expr, false);
+    outtext("; ");
+    if (Block *block = incrementblock(state))
+        outincrement(block);
+    outtext(")\n");
+    state.inst = nullptr;
+}
+
+// ---- switch -----------------------------------------------------------------------------------------------------
+
+namespace {
+
+// The first block behind the current one with the label, or null.
+Block *blockbehind(const WalkState &state, const Name *label)
+{
+    const LocalName *local = findlocal(label);
+    if (!local)
+        return nullptr;
+    const auto &blocks = local->blocks;
+    auto at = std::partition_point(blocks.begin(), blocks.end(),
+                                   [&state](const Block *block) { return block->position <= state.block->position; });
+    while (at != blocks.end() && ((*at)->label != label || (*at)->removed))
+        ++at;
+    return at == blocks.end() ? nullptr : *at;
+}
+
+}  // namespace
+
+// Each case becomes an Inst at the front of its target block.
+void handleswitch(WalkState &state)
+{
+    outhead("switch (", state.inst->expr, ")\n");
+    openbrace();
+    for (Expr *value = state.inst->cases; value; value = value->next) {
+        Block *target = blockbehind(state, value->label);
+        if (!target)
+            continue;
+        Inst *label = newinst();
+        label->op = inst::case_label;
+        label->expr = value;
+        label->block = target;
+        label->next = target->first;
+        target->first = label;
+    }
+    state.inst = nullptr;
+}
+
+void handlecase(WalkState &state)
+{
+    --indent_depth;
+    outhead("case ", state.inst->expr, ":\n");
+    ++indent_depth;
+}
+
+// ---- Other conditional branches ---------------------------------------------------------------------------------
+
+namespace {
+
+// A branch around the blocks up to `jointarget`, which the blocks in between all run into:
+//
+//     br i1 %c, label %guard.end, label %guard.body      if (!c)
+//     guard.body: ...  br label %guard.end                   {
+//     guard.end:                                             ... }
+//
+// `count` says in bit 0 whether the condition is written as it is; the rest counts the blocks passed.
+struct OtherBranch {
+    Block *chainblock;
+    const Name *jointarget;
+    unsigned count;
+};
+
+constexpr unsigned plain_condition = 1;
+constexpr unsigned one_block = 2;
+
+// Which way the branch goes; without a chain block after a report.
+OtherBranch openother(const WalkState &state)
+{
+    Block *next = state.block->next;
+    const Expr *pair = branchpair(state.inst);
+    if (!next) {
+        report("missing blocks in other branch");
+        return {};
+    }
+    if (next->label && next->label == pair->true_label)
+        return {next, pair->false_label, plain_condition};
+    if (next->label && next->label == pair->false_label)
+        return {next, pair->true_label, 0};
+    report("unexpected blocks order in other branch");
+    return {};
+}
+
+// Whether the block ends in a second branch of the same shape: to the join target or the block behind it.
+bool branchesalike(const Block *block, const Name *jointarget)
+{
+    if (!endsin(block, inst::other_branch))
+        return false;
+    const Expr *pair = branchpair(block->last);
+    const Name *behind = block->next->label;
+    return (pair->true_label == jointarget && pair->false_label == behind) ||
+           (pair->true_label == behind && pair->false_label == jointarget);
+}
+
+void outotherhead(WalkState &state, unsigned count)
+{
+    if (count & plain_condition)
+        outhead("if (", state.inst->expr, ")\n");
+    else
+        outhead("if (!", state.inst->expr, ")\n", true);
+    if (!labelbegins(state.block->next, "if.then"))
+        openbrace();
+    if (state.closecount == 0)
+        state.closecount = static_cast<int>(count / one_block) + 2;
+}
+
+// Takes one step along the chain. Returns false when the search has ended, with or without a head.
+bool stepother(WalkState &state, OtherBranch &branch)
+{
+    if (!branch.chainblock->next) {
+        report("missing blocks in other branch");
+        return false;
+    }
+    if (branchesalike(branch.chainblock, branch.jointarget)) {
+        branch.chainblock = branch.chainblock->next;
+        branch.count += one_block;
+        if (state.closecount == 0)
+            ++state.closers;
+        if (!branch.chainblock->next) {
+            report("missing blocks in other branch");
+            return false;
+        }
+    }
+    const Name *behind = branch.chainblock->next->label;
+    if (!endsin(branch.chainblock, inst::jump) || !behind || branch.chainblock->last->name != behind) {
+        report("unexpected blocks in other branch");
+        return false;
+    }
+    if (behind == branch.jointarget) {
+        outotherhead(state, branch.count);
+        return false;
+    }
+    branch.chainblock = branch.chainblock->next;
+    branch.count += one_block;
+    return true;
+}
+
+}  // namespace
+
+void handleother(WalkState &state)
+{
+    OtherBranch branch = openother(state);
+    if (state.closecount == 0)
+        state.closers = 1;
+    while (branch.chainblock && stepother(state, branch)) {
+    }
+    state.inst = nullptr;
+}
+
+// ---- Jumps ------------------------------------------------------------------------------------------------------
+
+namespace {
+
+// The end of the handler of every jump but one that turned into a return.
+void finishjump(WalkState &state)
+{
+    gotostate = gotostate == GotoState::leaves_then ? GotoState::left_then : GotoState::none;
+    state.inst = nullptr;
+}
+
+bool leavesloop(const Name *target)
+{
+    return namebegins(target, "while.end") || namebegins(target, "for.end") || namebegins(target, "do.end") ||
+           namebegins(target, "sw.epilog");
+}
+
+// `return;` where nothing else stands behind the construct, else `break;`
+void outbreak(const WalkState &state, const Name *target)
+{
+    const Block *end = findblock(state.block, target);
+    const Inst *first = end->first;
+    outline(first && first->op == inst::ret && !first->expr ? "return;" : "break;");
+}
+
+// Whether a jump to the head or increment of a loop is a `continue`.
+bool iscontinue(const Block *next, const Name *target)
+{
+    if (!next || next->label == target)
+        return false;
+    if (namebegins(target, "while.cond"))
+        return !labelbegins(next, "while.end");
+    return namebegins(target, "for.inc") || namebegins(target, "do.cond");
+}
+
+// A jump to the block `return` repeats its return statement. Returns false if that block has none.
+bool jumpstoreturn(WalkState &state, const Name *target)
+{
+    if (labelbegins(state.block, "if.else") && labelbegins(state.block->next, "if.else") && state.closecount == 0) {
+        state.closecount = 1;
+        state.closers = 1;
+    }
+    const Block *block = findblock(state.block, target);
+    if (!endsin(block, inst::ret))
+        return false;
+    state.inst = block->last;
+    handlereturn(state);
+    return true;
+}
+
+void notegoto(const Block *block)
+{
+    if (labelbegins(block, "if.then"))
+        gotostate = GotoState::leaves_then;
+    else if (labelbegins(block, "if.else") && gotostate == GotoState::left_then)
+        gotostate = GotoState::leaves_else;
+}
+
+// A jump to a label of the source. Returns true if it turned into a return.
+bool jumptolabel(WalkState &state, const Name *target)
+{
+    if (nametext(target) != "return")
+        notegoto(state.block);
+    else if (jumpstoreturn(state, target))
+        return true;
+    outindent();
+    outtext("goto _");
+    outtext(nametext(target));
+    outtext("_;\n");
+    // Both arms have left by goto: no if.end block will close the second.
+    if (gotostate == GotoState::leaves_else)
+        closebrace();
+    return false;
+}
+
+}  // namespace
+
+void handlejump(WalkState &state)
+{
+    const Name *target = state.inst->name;
+    const Block *next = state.block->next;
+    if (state.joinstate != join::none) {
+        handlejoinjump(state);
+    } else if (!target) {
+        // Prepared as the branch of a chain that is over.
+    } else if (leavesloop(target)) {
+        outbreak(state, target);
+    } else if (iscontinue(next, target)) {
+        outline("continue;");
+    } else if (!holdsdot(target) && next && next->label != target) {
+        if (jumptolabel(state, target))
+            return;
+    }
+    finishjump(state);
+}

@@ -1,0 +1,408 @@
+// Value joins: the blocks of `a && b`, `a || b` and `c ? x : y` folded back into one expression. While a join is open
+// its branches print nothing, its statements are held back, and each block's condition waits in its last Inst. At its
+// end the conditions are merged into one tree, which takes the place of a phi or of the condition of an `if`.
+//
+// The merge goes by the targets alone: of two neighbours, the same target on true is an or, the same target on false
+// is an and. For `if (a || (b && c))`:
+//
+//     block            on true    on false
+//     entry         a  if.then    lor.lhs.false
+//     lor.lhs.false b  land.true  if.end
+//     land.true     c  if.then    if.end
+//
+// First pass: entry and lor.lhs.false share nothing; lor.lhs.false and land.true share if.end: b && c, now with the
+// targets if.then and if.end, and land.true is consumed. Second pass: entry and lor.lhs.false share if.then:
+// a || (b && c).
+
+#include "structure/structure.h"
+
+#include "driver/driver.h"
+#include "emit/emit.h"
+
+#include <utility>
+
+namespace {
+
+// The condition of a block is the tree of its last Inst, its targets are the branch pair there.
+Expr *conditionof(const Block *block)
+{
+    return block->last ? block->last->expr : nullptr;
+}
+
+void reportunmerged(const Block *start)
+{
+    report("no condition accumulation from %s", start->label ? start->label->text : nullptr);
+}
+
+}  // namespace
+
+void addcomma(Inst *instruction, Expr *&pending)
+{
+    if (!pending)
+        return;
+    Expr *both = newexpr(op::comma, pending->type);
+    both->left = pending;
+    both->right = instruction->expr;
+    instruction->expr = both;
+    pending = nullptr;
+}
+
+// ---- Merging conditions -----------------------------------------------------------------------------------------
+
+namespace {
+
+// Anything may get a `!` but a comparison, which would print as its opposite; x != 0 is no real comparison.
+bool negatable(const Expr *expr)
+{
+    if (!expr || !iscomparison(expr->op))
+        return true;
+    return expr->op == op::not_equal && isleaf(expr->right, leaf::number) && number(nametext(expr->right->value)) == 0;
+}
+
+void negate(Inst *branch, Expr *pair)
+{
+    Expr *negated = newexpr(op::logical_not, newtype(kind::boolean, nullptr));
+    negated->left = branch->expr;
+    branch->expr = negated;
+    std::swap(pair->true_label, pair->false_label);
+}
+
+void combine(Inst *first, const Inst *second, std::uint8_t code)
+{
+    Expr *both = newexpr(code, first->expr ? first->expr->type : nullptr);
+    both->left = first->expr;
+    both->right = second->expr;
+    first->expr = both;
+}
+
+// Merges the condition of `c` into that of `a` if their targets allow it. A branch that is crossed against the other
+// gets a `!` first, after which it always fits.
+bool mergepair(Inst *a, Inst *c)
+{
+    Expr *pa = branchpair(a);
+    Expr *pc = branchpair(c);
+    const bool aligned = pa->true_label == pc->true_label || pa->false_label == pc->false_label;
+    if (!aligned) {
+        if (pa->true_label != pc->false_label && pa->false_label != pc->true_label)
+            return false;
+        if (negatable(a->expr))
+            negate(a, pa);
+        else if (negatable(c->expr))
+            negate(c, pc);
+        else
+            return false;
+    }
+    if (pa->true_label == pc->true_label) {
+        combine(a, c, op::logical_or);
+        pa->false_label = pc->false_label;
+    } else {
+        combine(a, c, op::logical_and);
+        pa->true_label = pc->true_label;
+    }
+    return true;
+}
+
+// The blocks of a chain that are not consumed, first to last. The last one stays even if it is.
+std::vector<Block *> liveblocks(Block *start, Block *end)
+{
+    std::vector<Block *> live;
+    for (Block *block = start; block != end; block = block->next)
+        if (block == start || block->label)
+            live.push_back(block);
+    if (end != start)
+        live.push_back(end);
+    return live;
+}
+
+enum class Merge { over, failed, missing_pair };
+
+// All passes over the chain. Each merges the first neighbours from the left that fit, and what doesn't fit fits no
+// better in the next pass unless one of the two has changed. So a pass goes on where the one before has merged, one
+// neighbour back: `left` holds the blocks in front of that place, `right` those behind it, the nearest last.
+Merge runpasses(const std::vector<Block *> &live, const Block *end)
+{
+    std::vector<Block *> left{live.front()};
+    std::vector<Block *> right(live.rbegin(), live.rend() - 1);
+    while (!right.empty()) {
+        Block *a = left.back();
+        Block *c = right.back();
+        if (c == end && !c->label)
+            return Merge::over;
+        if (!branchpair(a->last) || !branchpair(c->last))
+            return Merge::missing_pair;
+        if (!mergepair(a->last, c->last)) {
+            left.push_back(c);
+            right.pop_back();
+            continue;
+        }
+        c->label = nullptr;
+        if (c != end)
+            right.pop_back();
+        if (left.size() > 1) {
+            left.pop_back();
+            right.push_back(a);
+        }
+    }
+    return left.size() > 1 ? Merge::failed : Merge::over;
+}
+
+}  // namespace
+
+void mergeconds(Block *start, Block *end)
+{
+    if (!start || !end || end->position < start->position || end->removed) {
+        report("not found end block\n");
+        return;
+    }
+    if (start == end)
+        return;
+    switch (runpasses(liveblocks(start, end), end)) {
+    case Merge::missing_pair:
+        reportunmerged(start);
+        return;
+    case Merge::failed:
+        reportunmerged(start);
+        break;
+    case Merge::over:
+        break;
+    }
+    if (end->last && start->last)
+        end->last->expr = start->last->expr;
+}
+
+// ---- Opening and continuing a join ------------------------------------------------------------------------------
+
+// A term of && or ||.
+void handlechain(WalkState &state)
+{
+    if (state.joinstate == join::none) {
+        state.joinstate = join::chain;
+        state.joinstart = state.block;
+        state.pending = nullptr;
+    } else {
+        addcomma(state.inst, state.pending);
+    }
+    state.inst = nullptr;
+}
+
+// The branch of a conditional value. An open chain is its condition.
+void handlecond(WalkState &state)
+{
+    if (state.joinstate == join::none) {
+        state.joinstate = join::value;
+        state.pending = nullptr;
+    } else {
+        addcomma(state.inst, state.pending);
+        if (state.joinstate & join::value)
+            state.savedconds.push_back(state.block);
+        if (state.joinstate & join::chain) {
+            mergeconds(state.joinstart, state.block);
+            state.joinstate = join::value;
+        }
+    }
+    if (state.savedconds.empty())
+        state.joinstart = state.block;
+    state.inst = nullptr;
+}
+
+// A jump within a join: what a block has held back comes in front of the value that it computes.
+void handlejoinjump(WalkState &state)
+{
+    if (!state.pending)
+        return;
+    Inst *named = state.inst->prev;
+    while (named && !named->name && !named->targets)
+        named = named->prev;
+    if (named)
+        addcomma(named, state.pending);
+    else
+        report("cannot accumulate assignments");
+}
+
+// ---- Phi --------------------------------------------------------------------------------------------------------
+
+namespace {
+
+Expr *resolve(WalkState &state, Expr *operand, Block *block)
+{
+    if (!state.chain_indexed) {
+        state.chain_indexed = true;
+        indexchain(state.lastinst);
+    }
+    return substitute(operand, block);
+}
+
+// The target of a jump as it enters a prepared pair. What is no label must never equal one.
+Name *pairtarget(const Inst *branch)
+{
+    return branch->name || !branch->targets ? branch->name : privatename({});
+}
+
+// Gives the last block of a chain, which ends in a jump, the look of a conditional branch: both targets are the
+// jump's, and the condition is the value that the block computed last.
+Block *bprepare(Block *start, const Expr *pair)
+{
+    Block *block = findblock(start, pair->label);
+    Inst *last = block->last;
+    if (!last) {
+        report("unexpected instruction in bprepare\n");
+        return block;
+    }
+    Expr *prepared = newexpr(op::leaf, nullptr);
+    prepared->true_label = pairtarget(last);
+    prepared->false_label = prepared->true_label;
+    last->name = nullptr;
+    last->targets = prepared;
+    const Inst *before = last->prev;
+    if (before && (before->name || before->targets))
+        last->expr = before->expr;
+    else
+        report("unexpected instruction in bprepare\n");
+    return block;
+}
+
+// Whether the value of a phi pair reads as the constant false.
+bool readsfalse(const Expr *value)
+{
+    return value->op == op::leaf && value->leaf != leaf::aggregate && namebegins(value->value, "0");
+}
+
+constexpr std::uint8_t false_taken = 1;
+constexpr std::uint8_t true_taken = 2;
+
+// A block that gives the phi a false constant has its false target equal to that of the end block, one that gives a
+// true constant its true target: the first such block hands it to the end block, the others get it from there.
+void phitarget(const Block *end, Block *start, const Expr *value)
+{
+    const Block *block = findblock(start, value->label);
+    Expr *prepared = branchpair(end->last);
+    Expr *other = branchpair(block->last);
+    if (!prepared || !other) {
+        reportunmerged(start);
+        return;
+    }
+    const bool on_false = readsfalse(value);
+    const std::uint8_t bit = on_false ? false_taken : true_taken;
+    if (prepared->mask & bit)
+        std::swap(prepared, other);
+    else
+        prepared->mask |= bit;
+    if (on_false)
+        prepared->false_label = other->false_label;
+    else
+        prepared->true_label = other->true_label;
+}
+
+// The phi's node becomes the merged condition; all uses of the phi point to it.
+void takeover(Expr *tree, const Expr *condition)
+{
+    if (!condition)
+        return;
+    tree->op = condition->op;
+    tree->leaf = condition->leaf;
+    tree->left = condition->left;
+    tree->value = condition->value;
+    tree->right = condition->right;
+}
+
+// The end or a stage of a chain.
+void phichain(WalkState &state, Expr *tree)
+{
+    if (!state.phiopen) {
+        state.phiopen = true;
+        state.joinend = bprepare(state.joinstart, tree->right);
+    }
+    phitarget(state.joinend, state.joinstart, tree->left);
+    const Inst *behind = state.inst->next;
+    if (behind && behind->op == inst::jump)
+        return;  // an inner stage: the chain goes on where the jump leads
+    state.phiopen = false;
+    mergeconds(state.joinstart, state.joinend);
+    takeover(tree, conditionof(state.joinend));
+    state.joinstate = join::none;
+    state.pending = nullptr;
+}
+
+// The end of a conditional value: the phi turns into a ?: in place.
+void phivalue(WalkState &state, Expr *tree)
+{
+    tree->right = resolve(state, tree->right, findblock(state.joinstart, tree->right->label));
+    tree->middle = resolve(state, tree->left, findblock(state.joinstart, tree->left->label));
+    tree->left = conditionof(state.joinstart);
+    tree->op = op::conditional;
+    if (!state.savedconds.empty()) {
+        tree->left = conditionof(state.savedconds.back());
+        state.savedconds.pop_back();
+        return;
+    }
+    state.joinstate = join::none;
+    state.pending = nullptr;
+}
+
+// A loop of one block: it branches to the next block on true and to itself on false.
+bool isloop(const WalkState &state, const Expr *tree)
+{
+    const Block *block = state.block;
+    if (!block->label || tree->right->label != block->label || !endsin(block, inst::other_branch))
+        return false;
+    const Expr *pair = branchpair(block->last);
+    return block->next && pair->true_label == block->next->label && pair->false_label == block->label;
+}
+
+// { type p; for (p = init; !done; p = step) {
+void outloophead(const Expr *variable, Expr *init, Expr *done, Expr *step)
+{
+    outline("{");
+    outindent();
+    outdecl(variable->value, variable->type);
+    outtext(";\n");
+    outindent();
+    outtext("for (");
+    outtext(mangle(variable->value));
+    outtext(" = ");
+    outexpr(init, false);
+    outtext("; !");
+    outexpr(done, true);
+    outtext("; ");
+    outtext(mangle(variable->value));
+    outtext(" = ");
+    outexpr(step, false);
+    outtext(")\n");
+    openbrace();
+}
+
+void philoop(WalkState &state, Expr *tree)
+{
+    if (!isloop(state, tree))
+        report("unexpected direct phi construct %s", state.block->label ? state.block->label->text : nullptr);
+    Expr *init = tree->left;
+    Expr *step = tree->right;
+    tree->op = op::leaf;
+    tree->leaf = leaf::name;
+    tree->value = state.inst->name;
+    init = resolve(state, init, findblock(state.firstblock, init->label));
+    step = resolve(state, step, findblock(state.firstblock, step->label));
+    Inst *last = state.block->last;
+    outloophead(tree, init, last->expr, step);
+    last->op = inst::loop_close;
+}
+
+}  // namespace
+
+void handlephi(WalkState &state)
+{
+    Expr *tree = state.inst->expr;
+    if (state.joinstate == join::none)
+        philoop(state, tree);
+    else if (iskind(tree->type, kind::boolean))
+        phichain(state, tree);
+    else
+        phivalue(state, tree);
+}
+
+void handleloopclose(WalkState &state)
+{
+    outline("}");
+    closebrace();
+    state.inst = nullptr;
+}

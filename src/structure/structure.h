@@ -1,0 +1,116 @@
+// Control reconstruction: the bodies of functions as structured C statements, and the functions section.
+//
+// No control-flow graph is built. One walk goes through the blocks of a function in the order of the file and leans on
+// the names that the front end gives its blocks.
+#pragma once
+
+#include "model/model.h"
+
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+// ---- Functions section (functions.cpp) --------------------------------------------------------------------------
+
+// Brings inline functions in front of the inline functions that call them.
+void orderinline();
+// Writes all functions, the inline ones first.
+void outfunctions();
+// Whether a function is an inline candidate that nothing keeps from it; the option -i is not looked at.
+bool isinline(const Symbol *function);
+
+// ---- The walk over one function (walk.cpp, branches.cpp, joins.cpp) ---------------------------------------------
+
+// What joinstate says. Both are never set together.
+namespace join {
+inline constexpr unsigned none = 0;
+inline constexpr unsigned chain = 1;  // a condition chain of && and || is open
+inline constexpr unsigned value = 2;  // a conditional value is open
+}  // namespace join
+
+struct WalkState {
+    Block *block = nullptr;       // the current block
+    Inst *inst = nullptr;         // the current Inst; null when its handler has finished the block
+    Block *firstblock = nullptr;  // the function's first block
+    Inst *lastinst = nullptr;     // the function's last Inst, from which the whole chain is reached
+    bool declgap = false;         // a declaration was written and no blank line since
+    Inst *allocfirst = nullptr;   // the first dynamic alloca not yet freed
+    int alloccount = 0;           // how many there are
+    Expr *pending = nullptr;      // statements held back: the init of a `for`, or what a join gathered
+    int closecount = 0;           // block starts to go until `closers` fall due; 0 when no count runs
+    int closers = 0;              // closing braces to write then
+    bool whilehead = false;       // a `while (...)` was written and its body is yet to come
+    bool dotail = false;          // the tail of a `do` was written: do.end has nothing to close
+    unsigned joinstate = join::none;
+    Block *joinstart = nullptr;       // where the open join began
+    Block *joinend = nullptr;         // the last block of the open chain, prepared by the chain's first phi
+    bool phiopen = false;             // joinend is prepared
+    std::vector<Block *> savedconds;  // blocks whose branches test inner conditional values, innermost last
+    bool chain_indexed = false;       // the Insts are entered in the index of locals
+    // for.inc blocks by the target of their branch, once a `for` was met.
+    bool increments_indexed = false;
+    std::unordered_map<const Name *, std::vector<Block *>> increments;
+};
+
+extern int indent_depth;  // of the line being written; starts at 1 for each function
+
+// Writes the body of a function from its first block on; null writes nothing.
+void outbody(Block *first);
+// The first block from `start` on with the label; reports "block not found %s\n" and returns `start` if there is none.
+Block *findblock(Block *start, const Name *label);
+// Removes the blocks of exception handling behind `first`.
+void stripexceptions(Block *first);
+
+// Lines of the output. The depth counts tabs; out() is one whole line.
+void outindent();
+void outline(std::string_view text);
+void openbrace();             // depth up, then the line "{"
+void closebrace();            // the line "}", then depth down
+void closebraces(int depth);  // closes braces until `depth` is reached
+
+// Tests on blocks and Insts.
+inline bool labelbegins(const Block *block, std::string_view prefix)
+{
+    return namebegins(block->label, prefix);
+}
+inline bool endsin(const Block *block, std::uint8_t op)
+{
+    return block->last && block->last->op == op;
+}
+// The branch pair of an Inst, null if it has none.
+inline Expr *branchpair(const Inst *instruction)
+{
+    return instruction && instruction->op != inst::switch_ ? instruction->targets : nullptr;
+}
+// A store, a call without a result, or a call whose result nobody uses.
+inline bool isstatement(const Inst *instruction)
+{
+    return instruction->op == inst::statement ||
+           (instruction->op == inst::value && instruction->used == used::no && isop(instruction->expr, op::call));
+}
+
+// Handlers of walk.cpp that others end with.
+void handlereturn(WalkState &state);
+void outplainlabel(WalkState &state);
+
+// branches.cpp
+void dispatchlabel(WalkState &state);
+void handlecase(WalkState &state);
+void handledo(WalkState &state);
+void handlefor(WalkState &state);
+void handleif(WalkState &state);
+void handlejump(WalkState &state);
+void handleother(WalkState &state);
+void handleswitch(WalkState &state);
+void handlewhile(WalkState &state);
+
+// joins.cpp
+void handlechain(WalkState &state);
+void handlecond(WalkState &state);
+void handlejoinjump(WalkState &state);
+void handleloopclose(WalkState &state);
+void handlephi(WalkState &state);
+// Puts held back statements in front of the value of an Inst, and clears them.
+void addcomma(Inst *instruction, Expr *&pending);
+// Merges the conditions of the blocks from `start` to `end`, both included, into one tree.
+void mergeconds(Block *start, Block *end);
