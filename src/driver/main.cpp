@@ -1,0 +1,55 @@
+// The entry point of quarl.
+
+#include "driver/driver.h"
+#include "driver/options.h"
+#include "driver/run.h"
+#include "emit/emit.h"
+#include "reader/reader.h"
+
+#include <csignal>
+#include <cstdlib>
+
+namespace {
+
+// Only ends the process: nothing else is safe in the middle of whatever was interrupted.
+extern "C" void oninterrupt(int)
+{
+    std::_Exit(status::interrupted);
+}
+
+constexpr OptionSpec option_specs[] = {
+    {"h   no header", &no_header},
+    {"i   no inline", &no_inline},
+    {"ll  emulate long long", &long_long},
+    {"mc  no math replacement", &no_math},
+    {"o*  output filename", &output_name},
+    {"u   keep unused", &keep_unused},
+    {"v   verbose", &verbose},
+};
+
+}  // namespace
+
+int main(int argc, char **argv)
+{
+    std::signal(SIGINT, oninterrupt);
+    installmemoryhandler();
+    getoptions(argc, argv, "Quarl", "file", option_specs);
+    if (argc >= 2) {
+        report("convert only one source file");
+        return status::failed;
+    }
+    if (argc == 0)
+        return status::clean;
+    input_name = argv[0];
+    if (verbose) {
+        errortext(input_name);
+        errortext(":\n");
+    }
+    if (long_long)
+        uselonglong();
+    if (!openinput(input_name)) {
+        report("can't open %s", input_name);
+        return status::failed;
+    }
+    return readmodule() ? status::failed : status::clean;
+}
