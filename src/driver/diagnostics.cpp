@@ -103,11 +103,16 @@ void errortext(std::string_view text)
 
 namespace {
 
-constexpr std::size_t chunk_size = std::size_t{1} << 18;
+constexpr std::size_t text_chunk_size = std::size_t{1} << 18;
 
-char *chunk_next;        // first free byte of the newest chunk
-std::size_t chunk_left;  // free bytes behind it
-void *chunks;            // all chunks, newest first, chained by their first word
+char *text_next;        // first free byte of the newest chunk of poolalloc()
+std::size_t text_left;  // free bytes behind it
+void *text_chunks;      // its chunks, newest first, chained by their first word
+
+char *record_next;  // the same for recordalloc()
+std::size_t record_left;
+std::size_t chunk_count;     // entries of pool::chunks in use
+std::size_t chunk_capacity;  // entries of pool::chunks
 
 [[noreturn]] void outofmemory()
 {
@@ -115,13 +120,37 @@ void *chunks;            // all chunks, newest first, chained by their first wor
     std::_Exit(status::failed);
 }
 
-std::size_t aligned(std::size_t size)
+std::size_t aligned(std::size_t size, std::size_t alignment)
 {
-    constexpr std::size_t step = alignof(void *);
-    return (size + step - 1) / step * step;
+    return (size + alignment - 1) / alignment * alignment;
+}
+
+void growchunktable()
+{
+    if (chunk_count < chunk_capacity)
+        return;
+    chunk_capacity = chunk_capacity ? chunk_capacity * 2 : 64;
+    pool::chunks = static_cast<char **>(std::realloc(pool::chunks, chunk_capacity * sizeof(char *)));
+    if (!pool::chunks)
+        outofmemory();
+}
+
+// Starts a new chunk of records behind the word that holds its number.
+void startchunk()
+{
+    growchunktable();
+    void *chunk = std::aligned_alloc(pool::chunk_size, pool::chunk_size);
+    if (!chunk || chunk_count >= (std::size_t{1} << (32 - pool::chunk_bits)))
+        outofmemory();
+    std::memcpy(chunk, &chunk_count, sizeof chunk_count);
+    pool::chunks[chunk_count++] = static_cast<char *>(chunk);
+    record_next = static_cast<char *>(chunk) + sizeof chunk_count;
+    record_left = pool::chunk_size - sizeof chunk_count;
 }
 
 }  // namespace
+
+char **pool::chunks;
 
 void installmemoryhandler()
 {
@@ -145,17 +174,39 @@ void *release(void *block, void *value)
 
 void *poolalloc(std::size_t size)
 {
-    size = aligned(size);
-    if (size > chunk_left) {
-        const std::size_t capacity = std::max(chunk_size, size + sizeof(void *));
-        chunks = alloc(capacity, chunks);
-        chunk_next = static_cast<char *>(chunks) + sizeof(void *);
-        chunk_left = capacity - sizeof(void *);
+    size = aligned(size, alignof(void *));
+    if (size > text_left) {
+        const std::size_t capacity = std::max(text_chunk_size, size + sizeof(void *));
+        text_chunks = alloc(capacity, text_chunks);
+        text_next = static_cast<char *>(text_chunks) + sizeof(void *);
+        text_left = capacity - sizeof(void *);
     }
-    char *block = chunk_next;
-    chunk_next += size;
-    chunk_left -= size;
+    char *block = text_next;
+    text_next += size;
+    text_left -= size;
     return block;
+}
+
+void *recordalloc(std::size_t size, std::size_t alignment)
+{
+    // Chunks are aligned to more than any record, so what is left of one tells how its next byte is aligned.
+    std::size_t skipped = record_left % alignment;
+    if (size + skipped > record_left) {
+        startchunk();
+        skipped = 0;
+    }
+    char *record = record_next + skipped;
+    record_next = record + size;
+    record_left -= size + skipped;
+    return record;
+}
+
+void recordundo(const void *record, std::size_t size)
+{
+    if (static_cast<const char *>(record) + size != record_next)
+        return;
+    record_next -= size;
+    record_left += size;
 }
 
 const char *keeptext(std::string_view text)

@@ -60,9 +60,22 @@ void *alloc(std::size_t size, void *link);
 // Gives back a block of alloc() and returns `value`, so that a caller can unlink and free in one expression.
 void *release(void *block, void *value);
 
-// Returns a cleared block of `size` bytes, aligned for any record, that lives until the process ends.
-// Blocks are cut from large chunks.
+// Returns a cleared block of `size` bytes that lives until the process ends. Blocks are cut from large chunks.
 void *poolalloc(std::size_t size);
+
+// Room, not cleared, for a record that can be referred to by its place, a number of 32 bits. Places start at 1 and
+// chunks are aligned to their size, so either can be worked out from the other. `size` and `alignment` are multiples of
+// the unit, and a record is at most a chunk long.
+namespace pool {
+inline constexpr unsigned unit = 4;  // records start at multiples of it
+inline constexpr unsigned chunk_bits = 16;
+inline constexpr std::size_t chunk_units = std::size_t{1} << chunk_bits;
+inline constexpr std::size_t chunk_size = chunk_units * unit;
+extern char **chunks;  // all chunks, by number; the first word of a chunk holds its number
+}  // namespace pool
+void *recordalloc(std::size_t size, std::size_t alignment);
+// Takes the room of a record back if it was the last one to be given out.
+void recordundo(const void *record, std::size_t size);
 
 // A copy of `text` with a terminating NUL that lives until the process ends.
 const char *keeptext(std::string_view text);

@@ -118,7 +118,7 @@ void outparameters(const Symbol *params)
     outchar('(');
     const bool ellipsis_alone = !params->next && params->type->kind == kind::ellipsis;
     for (const Symbol *param = ellipsis_alone ? nullptr : params; param; param = param->next) {
-        outdecl(drop_param_names ? nullptr : param->name, param->type);
+        outdecl(drop_param_names ? nullptr : param->name.get(), param->type);
         if (param->next)
             outtext(", ");
     }

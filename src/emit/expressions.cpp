@@ -161,7 +161,7 @@ void pushaggregate(const Expr *expr)
     push("(");
     push(expr->type);
     push("){");
-    const Symbol *member = isaggregate(expr->type) ? expr->type->members : nullptr;
+    const Symbol *member = isaggregate(expr->type) ? expr->type->members.get() : nullptr;
     for (Expr *element = expr->list; element; element = element->next) {
         push(element, Paren::never);
         if (element->next)
@@ -516,8 +516,8 @@ void formfield(Expr *expr)
         push(expr->left, Paren::unless_selection);
         push(".");
     }
-    if (const Symbol *member = expr->right ? expr->right->symbol : nullptr)
-        push(nametext(member->name));
+    if (expr->right && expr->right->symbol)
+        push(nametext(expr->right->symbol->name));
 }
 
 void formindex(Expr *expr)
@@ -581,7 +581,7 @@ const Type *destinationtype(const Expr *destination)
 void formassign(Expr *expr)
 {
     const Expr *left = expr->left;
-    const Type *type = left ? left->type : nullptr;
+    const Type *type = exprtype(left);
     if (isop(expr->right, op::call) && iskind(type, kind::structure) && !type->tag) {
         pushresultcall(left, expr->right);
         return;
@@ -675,7 +675,7 @@ constexpr unsigned has_left = 0x60;
 constexpr unsigned has_right = 0x40;
 
 // Takes the cast off a char that was widened to int.
-void narrow(Expr *&operand)
+void narrow(Ref<Expr> &operand)
 {
     if (!isop(operand, op::cast) || !iskind(operand->type, kind::int16))
         return;

@@ -44,7 +44,7 @@ void renamefirst(SymbolsByName &symbols, const Name *from, Name *to)
 }
 
 // Makes the look-up of a list by name agree with the names that its symbols have now.
-void refreshfirst(const SymbolsByName &symbols, Symbol *Name::*first)
+void refreshfirst(const SymbolsByName &symbols, Ref<Symbol> Name::*first)
 {
     for (const auto &[name, entries] : symbols)
         const_cast<Name *>(name)->*first = entries.empty() ? nullptr : entries.front().second;

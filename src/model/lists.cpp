@@ -121,6 +121,29 @@ void note_initref(const Expr *expr)
     initrefs.push_back(target->value);
 }
 
+void insertsymbol(List<Symbol> &list, Symbol *symbol, Symbol *before)
+{
+    symbol->next = before;
+    symbol->prev = before->prev;
+    if (before->prev)
+        before->prev->next = symbol;
+    else
+        list.head = symbol;
+    before->prev = symbol;
+}
+
+void removesymbol(List<Symbol> &list, Symbol *symbol)
+{
+    if (symbol->prev)
+        symbol->prev->next = symbol->next;
+    else
+        list.head = symbol->next;
+    if (symbol->next)
+        symbol->next->prev = symbol->prev;
+    else
+        list.tail = symbol->prev;
+}
+
 // ---- Intrinsics and math functions ------------------------------------------------------------------------------
 
 const char *memoryheader(const Name *name)

@@ -3,6 +3,8 @@
 // the process ends, and so does everything that a record points to.
 #pragma once
 
+#include "driver/driver.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -225,18 +227,46 @@ inline constexpr std::uint32_t addressed = 0x40000000;     // a function that an
 
 // ---- Records ----------------------------------------------------------------------------------------------------
 
+// A link from one record to another. Records are many and their links are most of what they hold, so a link is the
+// place of a record in its pool, half as long as a pointer; it reads and is assigned like one.
+template <class Record>
+struct Ref {
+    std::uint32_t place;  // 0 for null
+
+    operator Record *() const { return get(); }
+    Record *get() const { return place ? operator->() : nullptr; }
+    Record *operator->() const
+    {
+        char *chunk = pool::chunks[place >> pool::chunk_bits];
+        return reinterpret_cast<Record *>(chunk + (place & (pool::chunk_units - 1)) * pool::unit);
+    }
+    Ref &operator=(Record *record)
+    {
+        place = record ? placeof(record) : 0;
+        return *this;
+    }
+
+private:
+    static std::uint32_t placeof(const Record *record)
+    {
+        const auto address = reinterpret_cast<std::uintptr_t>(record);
+        const auto *chunk = reinterpret_cast<const std::size_t *>(address & ~(pool::chunk_size - 1));
+        return static_cast<std::uint32_t>(*chunk << pool::chunk_bits | (address & (pool::chunk_size - 1)) / pool::unit);
+    }
+};
+
 // A unique byte string. Two names are the same text exactly if they are the same record, so names are compared as
 // pointers. The record also carries the entry points of all look-ups by name.
 struct Name {
-    const char *text;      // NUL-terminated
-    std::uint32_t length;  // of the text
-    std::uint32_t hash;    // of the text
-    Symbol *variable;      // first entry of this name in `variables`
-    Symbol *prototype;     // first entry in `prototypes`
-    Symbol *function;      // first entry in `functions`
-    Symbol *aggregate;     // first entry in `aggregates`
-    Symbol *forward;       // entry in `forward_aggregates`
-    LocalName *local;      // what the name stands for in the function at hand, valid for local_epoch
+    const char *text;       // NUL-terminated
+    std::uint32_t length;   // of the text
+    std::uint32_t hash;     // of the text
+    Ref<Symbol> variable;   // first entry of this name in `variables`
+    Ref<Symbol> prototype;  // first entry in `prototypes`
+    Ref<Symbol> function;   // first entry in `functions`
+    Ref<Symbol> aggregate;  // first entry in `aggregates`
+    Ref<Symbol> forward;    // entry in `forward_aggregates`
+    LocalName *local;       // what the name stands for in the function at hand, valid for local_epoch
     std::uint32_t local_epoch;
     std::uint32_t call_epoch;  // the function whose `current_calls` has the name
     bool unresolved;           // in `unresolved`
@@ -246,34 +276,34 @@ struct Name {
 // One node of a type expression. Nodes are not shared, but for the one node of each named aggregate: the reader
 // changes the kind of a scalar in place, which reaches all expressions that hold the node.
 struct Type {
-    Type *sub;  // pointee, element type or return type
+    Ref<Type> sub;  // pointee, element type or return type
     std::uint8_t kind;
     std::uint8_t qual;    // pointer: qual::volatile_ for a pointer to volatile, else 0
     bool in_aggregate;    // was read between the braces of an aggregate
     std::uint32_t count;  // array: number of elements, 0 for unknown
     union {
-        Name *tag;       // struct or union: null for a literal type until it is named
-        Symbol *params;  // function: first parameter
+        Ref<Name> tag;       // struct or union: null for a literal type until it is named
+        Ref<Symbol> params;  // function: first parameter
     };
     union {
-        Symbol *members;  // struct or union: first member
-        Block *blocks;    // defined function: first block
+        Ref<Symbol> members;  // struct or union: first member
+        Ref<Block> blocks;    // defined function: first block
     };
 };
 
 // A named thing: variable, function, prototype, alias, parameter, member, aggregate, or an entry in a list of names.
 struct Symbol {
-    Symbol *next;
-    Symbol *prev;  // aggregates and functions: the entry before it
+    Ref<Symbol> next;
+    Ref<Symbol> prev;  // aggregates and functions: the entry before it
     union {
-        Expr *value;    // variable: first initialiser node, null for none
-        Symbol *calls;  // function: first entry of the names it calls
+        Ref<Expr> value;    // variable: first initialiser node, null for none
+        Ref<Symbol> calls;  // function: first entry of the names it calls
     };
     union {
-        Type *type;
-        Name *aliasee;  // alias: the name that it stands for
+        Ref<Type> type;
+        Ref<Name> aliasee;  // alias: the name that it stands for
     };
-    Name *name;  // null for an unnamed parameter of a declaration
+    Ref<Name> name;  // null for an unnamed parameter of a declaration
     std::uint32_t flags;
     std::uint8_t storage;
     std::uint8_t qual;
@@ -282,36 +312,37 @@ struct Symbol {
 
 // One node of an expression tree. Trees are shared and changed in place.
 struct Expr {
-    Expr *next;  // initialiser lists, elements of aggregate constants, cases of a switch
-    Type *type;  // may be null
+    Ref<Expr> next;  // initialiser lists, elements of aggregate constants, cases of a switch
+    Ref<Type> type;  // may be null
     union {
-        Expr *left;
-        Symbol *symbol;    // name leaf: the variable, null if unknown; index of a field: the member
-        Name *true_label;  // branch pair
+        Ref<Expr> left;
+        Ref<Symbol> symbol;    // name leaf: the variable, null if unknown; index of a field: the member
+        Ref<Name> true_label;  // branch pair
     };
     union {
-        Name *value;   // text of a leaf; assignment: the stored local
-        Expr *middle;  // conditional: the true value
-        Expr *list;    // aggregate constant: the first element
+        Ref<Name> value;   // text of a leaf; assignment: the stored local
+        Ref<Expr> middle;  // conditional: the true value
+        Ref<Expr> list;    // aggregate constant: the first element
     };
     union {
-        Expr *right;
-        Name *false_label;  // branch pair
+        Ref<Expr> right;
+        Ref<Name> false_label;  // branch pair
     };
-    Name *label;  // phi pair: the incoming block; case: the target
+    Ref<Name> label;  // phi pair: the incoming block; case: the target
     std::uint8_t leaf;
     std::uint8_t op;
-    bool slot;          // local leaf: was written with ".addr" within a block
-    bool counted;       // initialiser reference: its use was counted in the target
-    std::uint8_t mask;  // branch pair prepared for a phi: the fields that were taken over
+    bool slot : 1;         // local leaf: was written with ".addr" within a block
+    bool counted : 1;      // initialiser reference: its use was counted in the target
+    bool false_taken : 1;  // branch pair prepared for a phi: the label was taken over from another block
+    bool true_taken : 1;
 };
 
 // A basic block.
 struct Block {
-    Block *next;
-    Inst *first;             // null while empty
-    Inst *last;              // while the block is empty, the last Inst of the block before
-    Name *label;             // null once its condition went into another block
+    Ref<Block> next;
+    Ref<Inst> first;         // null while empty
+    Ref<Inst> last;          // while the block is empty, the last Inst of the block before
+    Ref<Name> label;         // null once its condition went into another block
     std::uint32_t position;  // in the function, set when the body is written
     std::uint8_t mark;
     bool removed;  // unlinked from the function
@@ -319,15 +350,15 @@ struct Block {
 
 // An instruction or statement.
 struct Inst {
-    Inst *next;  // null at a block's end
-    Inst *prev;  // the Inst before it in the function, across blocks
-    Block *block;
-    Name *name;  // value: the temporary, local: the variable, jump: the target label; else null
+    Ref<Inst> next;  // null at a block's end
+    Ref<Inst> prev;  // the Inst before it in the function, across blocks
+    Ref<Block> block;
+    Ref<Name> name;  // value: the temporary, local: the variable, jump: the target label; else null
     union {
-        Expr *targets;  // conditional branch, or a jump prepared for a phi: the branch pair
-        Expr *cases;    // switch: the first case
+        Ref<Expr> targets;  // conditional branch, or a jump prepared for a phi: the branch pair
+        Ref<Expr> cases;    // switch: the first case
     };
-    Expr *expr;           // the tree; may be null
+    Ref<Expr> expr;       // the tree; may be null
     std::uint32_t order;  // grows along the prev chain from the first Inst on
     std::uint8_t op;
     std::uint8_t used;
@@ -335,7 +366,7 @@ struct Inst {
 
 // One line of metadata.
 struct Meta {
-    Meta *next;
+    Ref<Meta> next;
     const char *text;  // the rest of the line behind its second `!`
     std::uint32_t id;
 };
@@ -356,6 +387,9 @@ Expr *newexpr(std::uint8_t op, Type *type);
 Block *newblock();
 Inst *newinst();
 Meta *newmeta();
+
+// Forgets an address-of that was just made and that nothing holds: nearly every load and store strips one.
+void dropaddress(const Expr *address);
 
 // A number leaf of the type int with the given text.
 Expr *newnumber(std::string_view text);
@@ -434,9 +468,16 @@ Expr *addressedleaf(Expr *expr);
 template <class Record>
 void append(List<Record> &list, Record *element)
 {
-    (list.head ? list.tail->next : list.head) = element;
+    if (list.head)
+        list.tail->next = element;
+    else
+        list.head = element;
     list.tail = element;
 }
+
+// Links `symbol` in front of `before`, and takes it out again, in a list whose symbols have their `prev` set.
+void insertsymbol(List<Symbol> &list, Symbol *symbol, Symbol *before);
+void removesymbol(List<Symbol> &list, Symbol *symbol);
 
 // ---- Intrinsics and math functions (lists.cpp) ------------------------------------------------------------------
 
@@ -482,6 +523,19 @@ inline bool iscomparison(std::uint8_t code)
 inline std::uint8_t opposite(std::uint8_t comparison)
 {
     return static_cast<std::uint8_t>(((comparison - 1U) ^ 1U) + 1U);
+}
+// The type of an expression and what a type leads to; null for null.
+inline Type *exprtype(const Expr *expr)
+{
+    if (!expr)
+        return nullptr;
+    return expr->type;
+}
+inline Type *subtype(const Type *type)
+{
+    if (!type)
+        return nullptr;
+    return type->sub;
 }
 // Whether a type counts as unsigned: bit 0 of its kind. A null type does not.
 inline bool isunsigned(const Type *type)

@@ -5,16 +5,17 @@
 #include "driver/driver.h"
 
 #include <cstring>
+#include <new>
 #include <type_traits>
 
 namespace {
 
-// Records are plain data, for which cleared memory is a valid state.
+// Records are plain data, all of it cleared at first.
 template <class Record>
 Record *newrecord()
 {
-    static_assert(std::is_trivially_destructible_v<Record>);
-    return static_cast<Record *>(poolalloc(sizeof(Record)));
+    static_assert(std::is_trivially_destructible_v<Record> && sizeof(Record) % pool::unit == 0);
+    return new (recordalloc(sizeof(Record), alignof(Record))) Record{};
 }
 
 // Open addressing with linear probing; the capacity is a power of two and at most half of it is in use.
@@ -90,6 +91,11 @@ Expr *newexpr(std::uint8_t op, Type *type)
     expr->op = op;
     expr->type = type;
     return expr;
+}
+
+void dropaddress(const Expr *address)
+{
+    recordundo(address, sizeof *address);
 }
 
 Block *newblock()

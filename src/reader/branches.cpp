@@ -54,7 +54,7 @@ std::uint8_t classify(const Expr *pair)
 Expr *readtargets()
 {
     Expr *pair = newexpr(op::branch_pair, nullptr);
-    for (Name **target : {&pair->true_label, &pair->false_label}) {
+    for (Ref<Name> *target : {&pair->true_label, &pair->false_label}) {
         if (!expect(token::comma, "missing , in br"))
             return nullptr;
         *target = readlabel();

@@ -40,7 +40,7 @@ Expr *argumentcell(Expr *argument)
 
 // argument { "," argument } ")" into the chain that starts at `link`, read from behind "(". Returns false after a
 // report.
-bool readarguments(Expr **link, Block *block, const char *message)
+bool readarguments(Ref<Expr> *link, Block *block, const char *message)
 {
     if (acceptif(token::right_paren))
         return true;
@@ -69,7 +69,7 @@ Expr *nameleaf(std::uint8_t code, std::string_view text)
 
 // [word] string "," string: a call of _asm with the text as its first argument. Returns where the further arguments
 // go, null after a report.
-Expr **readassembler(Inst *instruction, Type *type)
+Ref<Expr> *readassembler(Inst *instruction, Type *type)
 {
     Token t;
     gettoken(t);
@@ -92,7 +92,7 @@ Expr **readassembler(Inst *instruction, Type *type)
 }
 
 // The callee of a plain call. Returns where the arguments go, null for a call that is dropped.
-Expr **readplaincallee(Inst *instruction, Type *type, Block *block)
+Ref<Expr> *readplaincallee(Inst *instruction, Type *type, Block *block)
 {
     Expr *callee = readcallee(type, block);
     if (isleaf(callee, leaf::name)) {
@@ -124,7 +124,7 @@ Inst *readcall(Block *block, Inst *instruction)
     Type *type = readtype();
     Token t;
     gettoken(t);
-    Expr **arguments = nullptr;
+    Ref<Expr> *arguments = nullptr;
     if (isword(t, "asm")) {
         arguments = readassembler(instruction, type);
     } else {

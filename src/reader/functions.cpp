@@ -16,8 +16,8 @@ Name *entrylabel()
 // The body being read.
 struct Body {
     Symbol *fn;
-    Block *block;  // the current one, null until the first label or instruction
-    Block **tail;  // where the next block goes
+    Block *block;      // the current one, null until the first label or instruction
+    Ref<Block> *tail;  // where the next block goes
 };
 
 void openblock(Body &body, Name *label, Inst *before)
@@ -64,7 +64,7 @@ bool continuesinvoke(Block *block, const Name *label)
 void readbodylabel(Body &body, Name *label)
 {
     if (!continuesinvoke(body.block, label))
-        openblock(body, label, body.block ? body.block->last : nullptr);
+        openblock(body, label, body.block ? body.block->last.get() : nullptr);
 }
 
 // ---- Statements -------------------------------------------------------------------------------------------------

@@ -23,6 +23,14 @@ Expr *dereference(Expr *pointer, Type *type)
     return expr;
 }
 
+// The thing whose address a term is.
+Expr *stripaddress(const Expr *address)
+{
+    Expr *thing = address->left;
+    dropaddress(address);
+    return thing;
+}
+
 // A cast of the address `term`, of the pointer type `type`, to a pointer to volatile.
 Expr *volatileaddress(Expr *term, const Type *type)
 {
@@ -61,7 +69,7 @@ void setsign(Type *type, bool as_unsigned)
         flipsign(type);
 }
 
-void forceoperand(Expr *&operand, bool as_unsigned)
+void forceoperand(Ref<Expr> &operand, bool as_unsigned)
 {
     if (isunsigned(operand->type) != as_unsigned)
         operand = forcesign(operand);
@@ -90,7 +98,7 @@ Inst *readload(Inst *instruction, Block *block, const InstForm & /*form*/)
     Expr *term = readterm(pointer, block);
     if (is_volatile)
         term = volatileaddress(term, pointer);
-    term = term->op == op::address ? term->left : dereference(term, nullptr);
+    term = term->op == op::address ? stripaddress(term) : dereference(term, nullptr);
     term->type = type;
     instruction->expr = type->kind == kind::int24 ? widenload(term, type) : term;
     return instruction;
@@ -495,9 +503,9 @@ Inst *readstore(Block *block)
     if (is_volatile)
         tree->left = volatileaddress(tree->left, pointer);
     if (tree->left->op == op::address)
-        tree->left = tree->left->left;
+        tree->left = stripaddress(tree->left);
     else
-        tree->left = dereference(tree->left, tree->left->type ? tree->left->type->sub : nullptr);
+        tree->left = dereference(tree->left, subtype(tree->left->type));
     tree->type = tree->left->type;
     Inst *instruction = newinst();
     instruction->op = inst::statement;

@@ -26,6 +26,14 @@ std::size_t window_next;             // first byte not yet delivered
 std::size_t window_end;              // behind the last byte
 char held;                           // the byte that the terminator of the current line stands on
 const char *cursor = "";
+Token last_token;      // the token that was scanned last; its text is null for none
+const char *last_end;  // behind it
+
+void movecursor(const char *text)
+{
+    cursor = text;
+    last_token.text = nullptr;
+}
 
 // Moves the rest to the front of the window and reads behind it.
 void refill()
@@ -44,7 +52,7 @@ void closeinput()
         report("can't read %s", input_name);
     std::fclose(in);
     in = nullptr;
-    cursor = "";
+    movecursor("");
 }
 
 }  // namespace
@@ -79,7 +87,7 @@ const char *nextline()
     held = window[window_next];
     window[window_next] = '\0';
     ++line_no;
-    cursor = line;
+    movecursor(line);
     return line;
 }
 
@@ -290,11 +298,28 @@ const char *scantoken(Token &t)
     return at + scanoperator(at, t.code);
 }
 
+// A token that was pushed back, one in five, is not scanned again. Strings are: a fault in one is met each time.
+void remember(const Token &t)
+{
+    last_token = t;
+    if (t.code == token::string)
+        last_token.text = nullptr;
+    last_end = cursor;
+}
+
 }  // namespace
 
 void gettoken(Token &t)
 {
     t.start = cursor;
+    if (cursor == last_token.text) {
+        t.text = cursor;
+        t.lead = 0;
+        t.len = last_token.len;
+        t.code = last_token.code;
+        cursor = last_end;
+        return;
+    }
     cursor = skipblanks(cursor);
     t.lead = static_cast<std::uint16_t>(cursor - t.start);
     t.text = cursor;
@@ -305,6 +330,7 @@ void gettoken(Token &t)
     }
     cursor = scantoken(t);
     t.len = static_cast<std::uint16_t>(cursor - t.text);
+    remember(t);
 }
 
 void ungettoken(const Token &t)
@@ -315,7 +341,7 @@ void ungettoken(const Token &t)
 
 void setcursor(const char *text)
 {
-    cursor = text;
+    movecursor(text);
 }
 
 bool scanquietly(bool on)

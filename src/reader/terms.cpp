@@ -94,19 +94,19 @@ void stepfield(AddressWalk &walk, Expr *index)
     index->symbol = member;
     walk.node->op = op::field;
     walk.node->right = index;
-    walkto(walk, member ? member->type : nullptr);
+    walkto(walk, member ? member->type.get() : nullptr);
     walk.node->type = walk.type;
 }
 
 // The first zero index of a pointer: the thing that it points to. The address of a thing gives way to the thing.
 void stepthrough(AddressWalk &walk)
 {
-    Expr *&base = walk.node->left;
+    Ref<Expr> &base = walk.node->left;
     if (isop(base, op::address)) {
         base = base->left;
     } else {
         walk.node->op = op::dereference;
-        walk.node->type = base->type ? base->type->sub : nullptr;
+        walk.node->type = subtype(base->type);
     }
     walkto(walk, walk.type->sub);
 }

@@ -227,10 +227,7 @@ void appendaggregate(Symbol *symbol)
 
 void insertaggregate(Symbol *symbol, Symbol *before)
 {
-    symbol->next = before;
-    symbol->prev = before->prev;
-    (before->prev ? before->prev->next : aggregates.head) = symbol;
-    before->prev = symbol;
+    insertsymbol(aggregates, symbol, before);
     if (!symbol->name->aggregate)
         symbol->name->aggregate = symbol;
 }

@@ -170,13 +170,13 @@ void dispatchlabel(WalkState &state)
 
 namespace {
 
-void negate(Expr *&condition)
+void negate(Ref<Expr> &condition)
 {
     if (condition && iscomparison(condition->op)) {
         condition->op = opposite(condition->op);
         return;
     }
-    Expr *negated = newexpr(op::logical_not, condition ? condition->type : nullptr);
+    Expr *negated = newexpr(op::logical_not, exprtype(condition));
     negated->left = condition;
     condition = negated;
 }

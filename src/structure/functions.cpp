@@ -58,20 +58,6 @@ Symbol *misplacedcallee(InlineOrder &order, const Symbol *function)
     return nullptr;
 }
 
-void unlinkfunction(Symbol *function)
-{
-    (function->prev ? function->prev->next : functions.head) = function->next;
-    (function->next ? function->next->prev : functions.tail) = function->prev;
-}
-
-void linkinfront(Symbol *function, Symbol *before)
-{
-    function->next = before;
-    function->prev = before->prev;
-    (before->prev ? before->prev->next : functions.head) = function;
-    before->prev = function;
-}
-
 }  // namespace
 
 void orderinline()
@@ -90,8 +76,8 @@ void orderinline()
             function = function->next;
             continue;
         }
-        unlinkfunction(callee);
-        linkinfront(callee, function);
+        removesymbol(functions, callee);
+        insertsymbol(functions, callee, function);
         if (++moves > count) {
             report("fail to reorder inline functions");
             return;
@@ -164,7 +150,7 @@ void marktarget(Block *block, const Name *label)
 }
 
 // Unlinks the exception block that `link` points to. What it leads to belongs to exception handling too.
-void markexception(Block *&link)
+void markexception(Ref<Block> &link)
 {
     Block *block = link;
     const Inst *last = block->last;
@@ -185,7 +171,7 @@ void markexception(Block *&link)
 
 void stripexceptions(Block *first)
 {
-    Block **link = &first->next;
+    Ref<Block> *link = &first->next;
     while (*link) {
         if ((*link)->mark == mark::exception)
             markexception(*link);

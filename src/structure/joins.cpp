@@ -26,7 +26,7 @@ namespace {
 // The condition of a block is the tree of its last Inst, its targets are the branch pair there.
 Expr *conditionof(const Block *block)
 {
-    return block->last ? block->last->expr : nullptr;
+    return block->last ? block->last->expr.get() : nullptr;
 }
 
 void reportunmerged(const Block *start)
@@ -69,7 +69,7 @@ void negate(Inst *branch, Expr *pair)
 
 void combine(Inst *first, const Inst *second, std::uint8_t code)
 {
-    Expr *both = newexpr(code, first->expr ? first->expr->type : nullptr);
+    Expr *both = newexpr(code, exprtype(first->expr));
     both->left = first->expr;
     both->right = second->expr;
     first->expr = both;
@@ -267,9 +267,6 @@ bool readsfalse(const Expr *value)
     return value->op == op::leaf && value->leaf != leaf::aggregate && namebegins(value->value, "0");
 }
 
-constexpr std::uint8_t false_taken = 1;
-constexpr std::uint8_t true_taken = 2;
-
 // A block that gives the phi a false constant has its false target equal to that of the end block, one that gives a
 // true constant its true target: the first such block hands it to the end block, the others get it from there.
 void phitarget(const Block *end, Block *start, const Expr *value)
@@ -281,16 +278,19 @@ void phitarget(const Block *end, Block *start, const Expr *value)
         reportunmerged(start);
         return;
     }
-    const bool on_false = readsfalse(value);
-    const std::uint8_t bit = on_false ? false_taken : true_taken;
-    if (prepared->mask & bit)
-        std::swap(prepared, other);
-    else
-        prepared->mask |= bit;
-    if (on_false)
+    if (readsfalse(value)) {
+        if (prepared->false_taken)
+            std::swap(prepared, other);
+        else
+            prepared->false_taken = true;
         prepared->false_label = other->false_label;
-    else
+    } else {
+        if (prepared->true_taken)
+            std::swap(prepared, other);
+        else
+            prepared->true_taken = true;
         prepared->true_label = other->true_label;
+    }
 }
 
 // The phi's node becomes the merged condition; all uses of the phi point to it.

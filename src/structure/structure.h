@@ -80,7 +80,9 @@ inline bool endsin(const Block *block, std::uint8_t op)
 // The branch pair of an Inst, null if it has none.
 inline Expr *branchpair(const Inst *instruction)
 {
-    return instruction && instruction->op != inst::switch_ ? instruction->targets : nullptr;
+    if (!instruction || instruction->op == inst::switch_)
+        return nullptr;
+    return instruction->targets;
 }
 // A store, a call without a result, or a call whose result nobody uses.
 inline bool isstatement(const Inst *instruction)
