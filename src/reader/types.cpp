@@ -11,9 +11,7 @@
 
 #include "driver/driver.h"
 
-#include <set>
 #include <string>
-#include <tuple>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -337,11 +335,45 @@ namespace {
 
 using TypePair = std::pair<const Type *, const Type *>;
 
-// The comparison goes through pairs of types that have yet to be found equal. A pair of aggregates is looked at once:
-// types that reach themselves through pointers are equal unless something else tells them apart.
+// Aggregates that are known to be equal form classes, kept as trees. A comparison takes what it has yet to find equal
+// for equal at once, so that types which reach themselves through pointers come to an end, and takes it back if
+// something tells the two apart. So each pair of aggregates is looked at once in a run, or once in a comparison that
+// fails.
+struct ShapeClasses {
+    std::unordered_map<const Type *, const Type *> parent;  // an aggregate without an entry is a root
+    std::unordered_map<const Type *, std::uint32_t> rank;   // height of a root's tree
+};
+
+ShapeClasses &shapeclasses()
+{
+    static ShapeClasses classes;
+    return classes;
+}
+
+const Type *classof(const Type *type)
+{
+    const auto &parent = shapeclasses().parent;
+    for (auto entry = parent.find(type); entry != parent.end(); entry = parent.find(type))
+        type = entry->second;
+    return type;
+}
+
+// Joins two classes by their roots, the lower tree under the higher one. Returns the root that lost its place.
+const Type *joinclasses(const Type *a, const Type *b)
+{
+    ShapeClasses &classes = shapeclasses();
+    if (classes.rank[a] < classes.rank[b])
+        std::swap(a, b);
+    if (classes.rank[a] == classes.rank[b])
+        ++classes.rank[a];
+    classes.parent[b] = a;
+    return b;
+}
+
+// A comparison: pairs of types that have yet to be found equal, and the classes that were joined for it.
 struct ShapeComparison {
     std::vector<TypePair> pending;
-    std::set<TypePair> seen;
+    std::vector<const Type *> joined;
 };
 
 // Down through pointers and arrays in step, to the first other kind. Returns false if the types differ.
@@ -361,8 +393,11 @@ bool descend(const Type *&a, const Type *&b)
 // Both are aggregates of one kind: their members become pending. Returns false if the member lists differ in length.
 bool comparemembers(ShapeComparison &comparison, const Type *a, const Type *b)
 {
-    if (!comparison.seen.emplace(a, b).second)
+    const Type *root_a = classof(a);
+    const Type *root_b = classof(b);
+    if (root_a == root_b)
         return true;
+    comparison.joined.push_back(joinclasses(root_a, root_b));
     const Symbol *x = a->members;
     const Symbol *y = b->members;
     for (; x && y; x = x->next, y = y->next)
@@ -370,18 +405,10 @@ bool comparemembers(ShapeComparison &comparison, const Type *a, const Type *b)
     return x == y;
 }
 
-}  // namespace
-
-bool equaltype(const Type *a, const Type *b)
+bool runcomparison(ShapeComparison &comparison)
 {
-    if (!descend(a, b))
-        return false;
-    if (a == b || !isaggregate(a))
-        return true;
-    ShapeComparison comparison;
-    comparison.pending.emplace_back(a, b);
     while (!comparison.pending.empty()) {
-        std::tie(a, b) = comparison.pending.back();
+        auto [a, b] = comparison.pending.back();
         comparison.pending.pop_back();
         if (!descend(a, b))
             return false;
@@ -389,6 +416,19 @@ bool equaltype(const Type *a, const Type *b)
             return false;
     }
     return true;
+}
+
+}  // namespace
+
+bool equaltype(const Type *a, const Type *b)
+{
+    ShapeComparison comparison;
+    comparison.pending.emplace_back(a, b);
+    if (runcomparison(comparison))
+        return true;
+    for (const Type *type : comparison.joined)
+        shapeclasses().parent.erase(type);
+    return false;
 }
 
 // ---- Literal aggregates that have a tag -------------------------------------------------------------------------
@@ -435,6 +475,7 @@ void refreshindex()
     if (!anon_stale)
         return;
     anon_stale = false;
+    shapeclasses() = {};
     anonindex().clear();
     for (const Type *type : anon_types)
         anonindex()[shapehash(type, hashed_levels)].push_back(type);
