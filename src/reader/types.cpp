@@ -61,32 +61,21 @@ Symbol *namedaggregate(Name *name)
     return symbol;
 }
 
-// members = type { "," type } "}", read from the first type on. Returns false if `message` was reported.
-bool readmembers(Type *aggregate, const char *message)
-{
-    bool clean = true;
-    List<Symbol> members{};
-    ++aggregate_depth;
-    for (std::uint32_t place = 0;; ++place) {
-        append(members, newsym(membername(place), readtype()));
-        Token t;
-        gettoken(t);
-        if (t.code == token::right_brace)
-            break;
-        if (t.code != token::comma) {
-            report(message);
-            clean = false;
-        }
-        if (t.code == token::end_of_line)
-            break;
-    }
-    --aggregate_depth;
-    aggregate->members = members.head;
-    return clean;
-}
+// ---- Open types: a line can nest types as deep as it is long, so what is open is kept on a stack of its own.
 
-// "[" number "x" type "]"
-Type *readarray()
+// A type that is read up to one of its parts.
+struct OpenType {
+    enum class Form : std::uint8_t { array, structure, parameters } form;
+    bool ended;  // parameters: the line has ended in front of the part being read
+    Type *type;
+    List<Symbol> parts{};  // members or parameters
+    std::uint32_t place = 0;
+};
+
+constinit std::vector<OpenType> open_types;
+
+// "[" number "x" from behind the bracket.
+void openarray()
 {
     Type *array = makenode(kind::array, nullptr);
     Token t;
@@ -96,18 +85,102 @@ Type *readarray()
     else
         report("missing number for array size");
     expectword("x", "missing x for array type");
-    array->sub = readtype();
-    expect(token::right_bracket, "missing closing ] for array type");
-    return array;
+    open_types.push_back({OpenType::Form::array, false, array});
 }
 
-// "{" "}" or "{" members
-Type *readliteralstructure()
+// "{" from behind the brace. Returns the type if it ends at once.
+Type *openstructure()
 {
     Type *structure = makenode(kind::structure, nullptr);
-    if (!acceptif(token::right_brace))
-        readmembers(structure, "missing , in structure type");
-    return structure;
+    if (acceptif(token::right_brace))
+        return structure;
+    open_types.push_back({OpenType::Form::structure, false, structure});
+    ++aggregate_depth;
+    return nullptr;
+}
+
+// The next parameter of a list, with or without a comma in front; readtype() reports the one that is missing at the
+// end of a line.
+void nextparameter(OpenType &open)
+{
+    acceptif(token::comma);
+    open.ended = atend();
+}
+
+// "(" from behind the parenthesis. Returns the type if the list is empty.
+Type *openparameters(Type *result)
+{
+    Type *function = makenode(kind::function, result);
+    if (acceptif(token::right_paren))
+        return function;
+    open_types.push_back({OpenType::Form::parameters, false, function});
+    nextparameter(open_types.back());
+    return nullptr;
+}
+
+// Takes the token behind a member. Returns whether the list has ended; what doesn't fit is reported and clears `clean`.
+bool endsmembers(const char *message, bool &clean)
+{
+    Token t;
+    gettoken(t);
+    if (t.code == token::right_brace)
+        return true;
+    if (t.code != token::comma) {
+        report(message);
+        clean = false;
+    }
+    return t.code == token::end_of_line;
+}
+
+bool closearray(OpenType &open, Type *element)
+{
+    open.type->sub = element;
+    expect(token::right_bracket, "missing closing ] for array type");
+    return true;
+}
+
+bool closemember(OpenType &open, Type *member)
+{
+    append(open.parts, newsym(membername(open.place++), member));
+    bool clean = true;
+    if (!endsmembers("missing , in structure type", clean))
+        return false;
+    open.type->members = open.parts.head;
+    --aggregate_depth;
+    return true;
+}
+
+bool closeparameter(OpenType &open, Type *parameter)
+{
+    append(open.parts, newsym(nullptr, parameter));
+    open.type->params = open.parts.head;
+    if (open.ended || acceptif(token::right_paren))
+        return true;
+    nextparameter(open);
+    return false;
+}
+
+// Hands `part` to the innermost open type. Returns that type if this was its last part, else null.
+Type *closepart(Type *part)
+{
+    OpenType &open = open_types.back();
+    Type *type = open.type;
+    bool closed = false;
+    switch (open.form) {
+    case OpenType::Form::array:
+        closed = closearray(open, part);
+        break;
+    case OpenType::Form::structure:
+        closed = closemember(open, part);
+        break;
+    case OpenType::Form::parameters:
+        closed = closeparameter(open, part);
+        break;
+    }
+    if (!closed)
+        return nullptr;
+    open_types.pop_back();
+    return type;
 }
 
 Type *readbasetype(const Token &t)
@@ -132,36 +205,40 @@ bool readaggregatename(Token &t)
     return false;
 }
 
-// Types up to ")", with commas between them that are not insisted on.
-void readparameters(Type *function)
+// The head of a type; null if it opens one, whose first part comes next.
+Type *readhead()
 {
-    List<Symbol> parameters{};
-    while (!acceptif(token::right_paren)) {
-        acceptif(token::comma);
-        const bool ended = atend();  // readtype() reports the type that is missing there
-        append(parameters, newsym(nullptr, readtype()));
-        if (ended)
-            break;
+    Token t;
+    gettoken(t);
+    switch (t.code) {
+    case token::left_bracket:
+        openarray();
+        return nullptr;
+    case token::left_brace:
+        return openstructure();
+    case token::percent:
+        if (!readaggregatename(t))
+            return makenode(kind::int16, nullptr);
+        return namedaggregate(intern(tokentext(t)))->type;
+    case token::ellipsis:
+        return makenode(kind::ellipsis, nullptr);
+    default:
+        return readbasetype(t);
     }
-    function->params = parameters.head;
 }
 
-// Any number of "*" and parameter lists behind a type.
+// Any number of "*" and parameter lists behind a type; null if one is open, whose first parameter comes next.
 Type *readsuffixes(Type *type)
 {
-    for (;;) {
-        Token t;
-        gettoken(t);
-        if (t.code == token::star) {
+    while (type) {
+        if (acceptif(token::star))
             type = makenode(kind::pointer, type);
-        } else if (t.code == token::left_paren) {
-            type = makenode(kind::function, type);
-            readparameters(type);
-        } else {
-            ungettoken(t);
-            return type;
-        }
+        else if (acceptif(token::left_paren))
+            type = openparameters(type);
+        else
+            break;
     }
+    return type;
 }
 
 }  // namespace
@@ -169,21 +246,16 @@ Type *readsuffixes(Type *type)
 // type = ("[" number "x" type "]" | "{" types "}" | word | "%" name | "...") suffixes
 Type *readtype()
 {
-    Token t;
-    gettoken(t);
-    switch (t.code) {
-    case token::left_bracket:
-        return readsuffixes(readarray());
-    case token::left_brace:
-        return readsuffixes(readliteralstructure());
-    case token::percent:
-        if (!readaggregatename(t))
-            return readsuffixes(makenode(kind::int16, nullptr));
-        return readsuffixes(namedaggregate(intern(tokentext(t)))->type);
-    case token::ellipsis:
-        return makenode(kind::ellipsis, nullptr);
-    default:
-        return readsuffixes(readbasetype(t));
+    const std::size_t outside = open_types.size();
+    for (;;) {
+        Type *type = readhead();
+        if (type && type->kind != kind::ellipsis)
+            type = readsuffixes(type);
+        while (type) {
+            if (open_types.size() == outside)
+                return type;
+            type = readsuffixes(closepart(type));
+        }
     }
 }
 
@@ -270,6 +342,21 @@ void addaggregate(Symbol *symbol)
     drainforward(placed);
 }
 
+// type { "," type } "}", read from the first type on. Returns false after a report.
+bool readmembers(Type *aggregate)
+{
+    bool clean = true;
+    List<Symbol> members{};
+    ++aggregate_depth;
+    std::uint32_t place = 0;
+    do
+        append(members, newsym(membername(place++), readtype()));
+    while (!endsmembers("syntax error in aggregate definition", clean));
+    --aggregate_depth;
+    aggregate->members = members.head;
+    return clean;
+}
+
 // "{" [members] behind the word `type`; `t` is the token at hand. Returns false after a report.
 bool readbody(Type *aggregate, const Token &t)
 {
@@ -279,7 +366,7 @@ bool readbody(Type *aggregate, const Token &t)
         clean = false;
     }
     if (!acceptif(token::right_brace))
-        clean &= readmembers(aggregate, "syntax error in aggregate definition");
+        clean &= readmembers(aggregate);
     return clean;
 }
 
