@@ -96,7 +96,8 @@ void report(const char *format, std::string_view text)
 
 void errortext(std::string_view text)
 {
-    std::fwrite(text.data(), 1, text.size(), stderr);
+    if (!text.empty())
+        std::fwrite(text.data(), 1, text.size(), stderr);
 }
 
 // ---- Memory -----------------------------------------------------------------------------------------------------

@@ -49,6 +49,8 @@ bool closeoutput()
 
 void outtext(std::string_view text)
 {
+    if (text.empty())
+        return;
     if (text.size() > buffer_size - filled) {
         flushbuffer();
         if (text.size() > buffer_size) {

@@ -32,7 +32,7 @@ int readsource()
     }
     std::string_view quoted = tokentext(t);
     const bool closed = quoted.size() > 1 && quoted.back() == quoted.front();
-    source_name = keeptext(cstring(quoted.substr(1, quoted.size() - (closed ? 2 : 1))));
+    source_name = keeptext(cstring(quoted.substr(1, quoted.size() - (closed ? 2 : 1)), false));
     return 0;
 }
 

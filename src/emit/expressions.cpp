@@ -182,7 +182,7 @@ void outleaf(const Expr *expr)
         outnameleaf(expr);
         break;
     case leaf::string:
-        outtext(cstring(nametext(expr->value)));
+        outtext(cstring(nametext(expr->value), true));
         break;
     case leaf::local:
         outlocalleaf(expr);

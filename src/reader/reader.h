@@ -62,9 +62,9 @@ bool acceptif(std::uint16_t code);
 // Whether nothing is left on the line.
 bool atend();
 
-// Translates the escapes of an IR string into those of C. A translated zero byte in front of the closing quote is
-// taken out. The result is valid until the next call.
-std::string_view cstring(std::string_view text);
+// Translates the escapes of an IR string into those of C. Of a text that stands in its quotes, a translated zero byte
+// in front of the closing one is taken out. The result is valid until the next call.
+std::string_view cstring(std::string_view text, bool quoted);
 
 // ---- Types (types.cpp) ------------------------------------------------------------------------------------------
 
@@ -77,7 +77,7 @@ bool equaltype(const Type *a, const Type *b);
 // Whether both are the same scalar.
 bool samescalar(const Type *a, const Type *b);
 // Enters a literal aggregate that has got its tag; finds the newest entry of the shape of `type`, or null.
-void addanon(Type *type);
+void addanon(const Type *type);
 const Type *findanon(const Type *type);
 // To be called after the kind of a type was changed while the output is written.
 void retyped(const Type *type);

@@ -427,7 +427,7 @@ void appendescape(std::string &result, unsigned byte)
 
 }  // namespace
 
-std::string_view cstring(std::string_view text)
+std::string_view cstring(std::string_view text, bool quoted)
 {
     static std::string result;
     result.clear();
@@ -448,7 +448,7 @@ std::string_view cstring(std::string_view text)
         }
     }
     constexpr std::size_t zero_length = 4;
-    const bool closed = text.size() > 1 && text.back() == text.front() && (text.back() == '"' || text.back() == '\'');
+    const bool closed = quoted && text.size() > 1 && text.back() == text.front();
     if (closed && zero_end != 0 && zero_end + 1 == result.size())
         result.erase(zero_end - zero_length, zero_length);
     return result;

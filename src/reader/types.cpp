@@ -99,22 +99,27 @@ Type *openstructure()
     return nullptr;
 }
 
-// The next parameter of a list, with or without a comma in front; readtype() reports the one that is missing at the
-// end of a line.
-void nextparameter(OpenType &open)
+// Takes the token in front of a parameter: the end of the list, a comma, which is not insisted on, or nothing. Returns
+// whether the list has ended; readtype() reports the parameter that is missing at the end of a line.
+bool endsparameters(OpenType &open)
 {
-    acceptif(token::comma);
+    Token t;
+    gettoken(t);
+    if (t.code == token::right_paren)
+        return true;
+    if (t.code != token::comma)
+        ungettoken(t);
     open.ended = atend();
+    return false;
 }
 
 // "(" from behind the parenthesis. Returns the type if the list is empty.
 Type *openparameters(Type *result)
 {
-    Type *function = makenode(kind::function, result);
-    if (acceptif(token::right_paren))
-        return function;
-    open_types.push_back({OpenType::Form::parameters, false, function});
-    nextparameter(open_types.back());
+    OpenType open{OpenType::Form::parameters, false, makenode(kind::function, result)};
+    if (endsparameters(open))
+        return open.type;
+    open_types.push_back(open);
     return nullptr;
 }
 
@@ -154,10 +159,7 @@ bool closeparameter(OpenType &open, Type *parameter)
 {
     append(open.parts, newsym(nullptr, parameter));
     open.type->params = open.parts.head;
-    if (open.ended || acceptif(token::right_paren))
-        return true;
-    nextparameter(open);
-    return false;
+    return open.ended || endsparameters(open);
 }
 
 // Hands `part` to the innermost open type. Returns that type if this was its last part, else null.
@@ -231,12 +233,16 @@ Type *readhead()
 Type *readsuffixes(Type *type)
 {
     while (type) {
-        if (acceptif(token::star))
+        Token t;
+        gettoken(t);
+        if (t.code == token::star) {
             type = makenode(kind::pointer, type);
-        else if (acceptif(token::left_paren))
+        } else if (t.code == token::left_paren) {
             type = openparameters(type);
-        else
+        } else {
+            ungettoken(t);
             break;
+        }
     }
     return type;
 }
@@ -522,40 +528,84 @@ bool equaltype(const Type *a, const Type *b)
 
 namespace {
 
-// All entries in the order of their entering, and the same by a hash of the shape. The hash holds what the shape of
-// an equal type must have in common, a few levels deep.
-constinit std::vector<Type *> anon_types;
-std::unordered_map<std::size_t, std::vector<const Type *>> &anonindex()
+// Entries that have a hash in common, the newest last. A few are told apart by comparing; more than that, and they
+// move on to buckets by a hash that goes as deep as any line can nest.
+struct AnonBucket {
+    std::vector<const Type *> entries;
+    bool split = false;
+};
+
+using AnonIndex = std::unordered_map<std::size_t, AnonBucket>;
+
+AnonIndex &anonindex()
 {
-    static std::unordered_map<std::size_t, std::vector<const Type *>> index;
+    static AnonIndex index;
     return index;
 }
-bool anon_stale;  // a type has changed since the index was built
+
+constinit std::vector<const Type *> anon_types;  // all entries, the newest last
+bool anon_stale;                                 // a type has changed since the index was built
+
+constexpr std::size_t bucket_size = 8;
+constexpr int shallow_nodes = 48;
+constexpr int deep_nodes = 8192;
 
 std::size_t mixed(std::size_t hash, std::size_t value)
 {
-    constexpr std::size_t multiplier = 0x100000001B3U;
-    return (hash ^ value) * multiplier;
+    constexpr std::size_t multiplier = 0x9E3779B97F4A7C15U;
+    hash = (hash ^ value) * multiplier;
+    return hash ^ hash >> 29U;
 }
 
-std::size_t shapehash(const Type *type, int levels)
+// The first `nodes` nodes of a type, aggregates unrolled into their members in order. Equal types unroll alike, also
+// where they reach themselves.
+std::size_t shapehash(const Type *type, int nodes)
 {
-    std::size_t hash = 0;
-    while (type && (type->kind == kind::pointer || type->kind == kind::array)) {
-        hash = mixed(mixed(hash, type->kind), type->kind == kind::array ? type->count : 0);
-        type = type->sub;
+    static std::vector<const Symbol *> rest;  // members to come, the next one last
+    rest.clear();
+    std::size_t hash = static_cast<std::size_t>(nodes);
+    while (nodes-- > 0) {
+        hash = mixed(hash, type ? type->kind : 0);
+        if (iskind(type, kind::array))
+            hash = mixed(hash, type->count);
+        if (isaggregate(type))
+            rest.push_back(type->members);
+        if (iskind(type, kind::pointer) || iskind(type, kind::array)) {
+            type = type->sub;
+            continue;
+        }
+        while (!rest.empty() && !rest.back()) {
+            hash = mixed(hash, 0);  // the end of an aggregate
+            rest.pop_back();
+        }
+        if (rest.empty())
+            break;
+        type = rest.back()->type;
+        rest.back() = rest.back()->next;
     }
-    hash = mixed(hash, type ? type->kind : 0);
-    if (levels == 0 || !isaggregate(type))
-        return hash;
-    constexpr int hashed_members = 16;
-    int place = 0;
-    for (const Symbol *member = type->members; member && place < hashed_members; member = member->next, ++place)
-        hash = mixed(hash, shapehash(member->type, levels - 1));
     return hash;
 }
 
-constexpr int hashed_levels = 2;
+AnonBucket &anonbucket(const Type *type)
+{
+    AnonBucket &shallow = anonindex()[shapehash(type, shallow_nodes)];
+    return shallow.split ? anonindex()[shapehash(type, deep_nodes)] : shallow;
+}
+
+void enteranon(const Type *type)
+{
+    AnonBucket &bucket = anonbucket(type);
+    bucket.entries.push_back(type);
+    if (bucket.entries.size() <= bucket_size || bucket.split)
+        return;
+    AnonBucket &shallow = anonindex()[shapehash(type, shallow_nodes)];
+    if (&shallow != &bucket)
+        return;  // a deep one: nothing goes deeper
+    shallow.split = true;
+    const std::vector<const Type *> entries = std::move(shallow.entries);
+    for (const Type *entry : entries)
+        anonindex()[shapehash(entry, deep_nodes)].entries.push_back(entry);
+}
 
 void refreshindex()
 {
@@ -565,25 +615,23 @@ void refreshindex()
     shapeclasses() = {};
     anonindex().clear();
     for (const Type *type : anon_types)
-        anonindex()[shapehash(type, hashed_levels)].push_back(type);
+        enteranon(type);
 }
 
 }  // namespace
 
-void addanon(Type *type)
+void addanon(const Type *type)
 {
     refreshindex();
     anon_types.push_back(type);
-    anonindex()[shapehash(type, hashed_levels)].push_back(type);
+    enteranon(type);
 }
 
 const Type *findanon(const Type *type)
 {
     refreshindex();
-    const auto entries = anonindex().find(shapehash(type, hashed_levels));
-    if (entries == anonindex().end())
-        return nullptr;
-    for (auto entry = entries->second.rbegin(); entry != entries->second.rend(); ++entry)
+    const std::vector<const Type *> &entries = anonbucket(type).entries;
+    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry)
         if (equaltype(type, *entry))
             return *entry;
     return nullptr;
