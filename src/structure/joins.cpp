@@ -402,7 +402,7 @@ void handlephi(WalkState &state)
 
 void handleloopclose(WalkState &state)
 {
-    outline("}");
     closebrace();
+    outline("}");
     state.inst = nullptr;
 }
