@@ -104,6 +104,14 @@ void store(const OptionSpec &option, const OptionValue &value)
         *std::get<int *>(option.target) = static_cast<int>(value.number);
 }
 
+// A character as a signed number of 8 bits, whatever the sign of a char is here.
+long signedvalue(char c)
+{
+    constexpr long bits8 = 256;
+    const auto code = static_cast<unsigned char>(c);
+    return code < bits8 / 2 ? code : code - bits8;
+}
+
 // The text that a `*` or `#` at position `at` reads: the rest of the argument, else the next argument, else nothing.
 const char *valuetext(const char *at, int &argc, char **&argv)
 {
@@ -141,7 +149,7 @@ const char *matchspec(const OptionSpec &option, const char *argument, OptionValu
             if (pattern[1] == '#')
                 ++pattern;
         } else if (*pattern == '?') {
-            value.number = static_cast<signed char>(*at);
+            value.number = signedvalue(*at);
             if (*at != '\0')
                 ++at;
         } else if (*at != *pattern) {

@@ -65,7 +65,11 @@ void notestatement(Inst *statement)
 {
     locals.next_live.push_back(static_cast<std::uint32_t>(locals.statements.size()));
     locals.statements.push_back(statement);
-    if (isop(statement->expr, op::assign) && statement->expr->value)
+    const Expr *store = statement->expr;
+    if (!isop(store, op::assign) || !store->value)
+        return;
+    // The assignment of a plain name to itself never folds.
+    if (!isop(store->left, op::leaf) || !sameoperand(store->left, store->right))
         localname(statement->expr->value).stores.push_back(statement);
 }
 
@@ -168,7 +172,9 @@ std::vector<Inst *>::const_iterator upto(const std::vector<Inst *> &insts, std::
 
 bool nojumpbetween(std::uint32_t older, std::uint32_t newer)
 {
-    const auto at = upto(locals.jumps, newer);
+    auto at = upto(locals.jumps, newer);
+    while (at != locals.jumps.begin() && (*std::prev(at))->op != inst::jump)
+        --at;  // one that closes a loop now
     return at == locals.jumps.begin() || (*std::prev(at))->order <= older;
 }
 

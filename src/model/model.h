@@ -250,8 +250,10 @@ private:
     static std::uint32_t placeof(const Record *record)
     {
         const auto address = reinterpret_cast<std::uintptr_t>(record);
-        const auto *chunk = reinterpret_cast<const std::size_t *>(address & ~(pool::chunk_size - 1));
-        return static_cast<std::uint32_t>(*chunk << pool::chunk_bits | (address & (pool::chunk_size - 1)) / pool::unit);
+        const std::size_t offset = address & (pool::chunk_size - 1);
+        const char *chunk = reinterpret_cast<const char *>(record) - offset;
+        const std::size_t chunk_number = *reinterpret_cast<const std::size_t *>(chunk);
+        return static_cast<std::uint32_t>(chunk_number << pool::chunk_bits | offset / pool::unit);
     }
 };
 

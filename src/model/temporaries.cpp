@@ -62,6 +62,21 @@ Expr *reusenamed(Inst *definition)
     return statement ? statement->expr : definition->expr;
 }
 
+// Links `first` in front of `definition`, for the walk through the block. The Inst in front of a block's first one
+// belongs to the block before, whose `next` stays null; case labels have no place in the chain.
+void linkahead(Block *block, Inst *first, const Inst *definition)
+{
+    if (definition->prev && definition->prev->block == block) {
+        definition->prev->next = first;
+        return;
+    }
+    Ref<Inst> *link = &block->first;
+    while (*link && (*link)->op == inst::case_label)
+        link = &(*link)->next;
+    if (*link == definition)
+        *link = first;
+}
+
 // `definition` moves its value to a variable:
 //     declaration of _tempN_, _tempN_ = tree, definition
 // The node of the tree turns into the name, which reaches all uses read so far; a copy of it is what is assigned.
@@ -100,14 +115,13 @@ Expr *movetotemporary(Inst *definition)
     declaration->next = assignment;
     assignment->prev = declaration;
     assignment->next = definition;
-    // The Inst in front of a block's first one belongs to the block before: its `next` stays null.
-    (block->first == definition ? block->first : definition->prev->next) = declaration;
+    linkahead(block, declaration, definition);
     definition->prev = assignment;
     noteinserted(declaration, assignment, definition);
     return tree;
 }
 
-// The direction of a pointer step, from its own tree: increment or decrement, or 0 after a report.
+// The direction of a pointer step, from its own tree. What is no step is reported.
 std::uint8_t stepdirection(const Expr *step)
 {
     while (isop(step, op::cast) || isop(step, op::address))
@@ -116,7 +130,7 @@ std::uint8_t stepdirection(const Expr *step)
         step = step->right;
     if (!isop(step, op::leaf)) {
         report("unexpected operator in postop\n");
-        return 0;
+        return op::increment;
     }
     const bool text = step->leaf != leaf::none && step->leaf != leaf::aggregate;
     return text && namebegins(step->value, "-") ? op::decrement : op::increment;
@@ -154,10 +168,12 @@ Expr *postop(Inst *definition)
 
 // ---- The search -------------------------------------------------------------------------------------------------
 
-// The newest Inst up to `order` of a list, or null.
+// The newest Inst up to `order` of a list, or null. One that closes a loop is no definition any more.
 Inst *newest(const std::vector<Inst *> &insts, std::uint32_t order)
 {
-    const auto at = upto(insts, order);
+    auto at = upto(insts, order);
+    while (at != insts.begin() && (*std::prev(at))->op == inst::loop_close)
+        --at;
     return at == insts.begin() ? nullptr : *std::prev(at);
 }
 

@@ -49,13 +49,12 @@ void appendinst(Block *block, Inst *instruction)
 // The branch of an invoke to `label`, which continues the block: it goes, and no block is opened.
 bool continuesinvoke(Block *block, const Name *label)
 {
-    if (!block || !block->last || !namebegins(label, "invoke."))
+    if (!block || !block->first || !namebegins(label, "invoke."))
         return false;
     Inst *jump = block->last;
     if (jump->op != inst::jump || jump->name != label)
         return false;
-    if (jump->block == block)
-        (block->first == jump ? block->first : jump->prev->next) = nullptr;
+    (block->first == jump ? block->first : jump->prev->next) = nullptr;
     block->last = jump->prev;
     dropjump();
     return true;

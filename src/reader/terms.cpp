@@ -164,7 +164,6 @@ Expr *readaddress(Expr *node, Block *block)
     node->left = readterm(walk.type, block);
     expect(token::comma, "missing , in getelementptr");
     while (opensindex(t)) {
-        // Wrapped before the index is read, since the index may be the same tree.
         Expr *index = readterm(nullptr, block);
         step(walk, index);
         gettoken(t);
@@ -203,13 +202,25 @@ Expr *readpointercast(Expr *node, Block *block)
     return readcast(node, block, "missing to in inttoptr/ptrtoint");
 }
 
+// A tree that stands in a list already gives a copy of its node: an element of a constant in a function can be the
+// tree of a value that is used elsewhere.
+Expr *unlinked(Expr *element, const List<Expr> &elements)
+{
+    if (!element->next && element != elements.tail)
+        return element;
+    Expr *copy = newexpr(element->op, element->type);
+    *copy = *element;
+    copy->next = nullptr;
+    return copy;
+}
+
 // One element for each member: type value { "," type value } "}"
 Expr *readaggregateconstant(Expr *node, Block *block)
 {
     node->leaf = leaf::aggregate;
     List<Expr> elements{};
     for (const Symbol *member = node->type->members; member; member = member->next) {
-        Expr *element = readterm(nullptr, block);
+        Expr *element = unlinked(readterm(nullptr, block), elements);
         append(elements, element);
         note_initref(element);
         Token t;

@@ -288,7 +288,7 @@ namespace {
 // The first block behind the current one with the label, or null.
 Block *blockbehind(const WalkState &state, const Name *label)
 {
-    const LocalName *local = findlocal(label);
+    const LocalName *local = label ? findlocal(label) : nullptr;
     if (!local)
         return nullptr;
     const auto &blocks = local->blocks;

@@ -5,6 +5,7 @@
 #include "driver/driver.h"
 #include "emit/emit.h"
 
+#include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -44,6 +45,16 @@ Symbol *functionbehind(InlineOrder &order, const Symbol *function, const Name *n
     return nullptr;
 }
 
+// The function has become the first of those that are not settled.
+void movetofront(InlineOrder &order, Symbol *function)
+{
+    std::vector<Symbol *> &candidates = order.named[function->name];
+    if (candidates.back() == function)
+        return;
+    candidates.erase(std::find(candidates.begin(), candidates.end(), function));
+    candidates.push_back(function);
+}
+
 // The first inline callee that stands behind an inline function, or null.
 Symbol *misplacedcallee(InlineOrder &order, const Symbol *function)
 {
@@ -78,6 +89,7 @@ void orderinline()
         }
         removesymbol(functions, callee);
         insertsymbol(functions, callee, function);
+        movetofront(order, callee);
         if (++moves > count) {
             report("fail to reorder inline functions");
             return;

@@ -102,28 +102,33 @@ bool mergepair(Inst *a, Inst *c)
     return true;
 }
 
-// The blocks of a chain that are not consumed, first to last. The last one stays even if it is.
-std::vector<Block *> liveblocks(Block *start, Block *end)
+// The next block of a chain that is not consumed. The last one stops the search even if it is.
+Block *nextlive(const Block *block, Block *end)
 {
-    std::vector<Block *> live;
-    for (Block *block = start; block != end; block = block->next)
-        if (block == start || block->label)
-            live.push_back(block);
-    if (end != start)
-        live.push_back(end);
-    return live;
+    Block *next = block->next;
+    while (next != end && !next->label)
+        next = next->next;
+    return next;
 }
 
 enum class Merge { over, failed, missing_pair };
 
 // All passes over the chain. Each merges the first neighbours from the left that fit, and what doesn't fit fits no
 // better in the next pass unless one of the two has changed. So a pass goes on where the one before has merged, one
-// neighbour back: `left` holds the blocks in front of that place, `right` those behind it, the nearest last.
-Merge runpasses(const std::vector<Block *> &live, const Block *end)
+// neighbour back: `left` holds the blocks in front of that place, `right` those behind it that were looked at, the
+// nearest last; `frontier` is the last block that was looked at.
+Merge runpasses(Block *start, Block *end)
 {
-    std::vector<Block *> left{live.front()};
-    std::vector<Block *> right(live.rbegin(), live.rend() - 1);
-    while (!right.empty()) {
+    std::vector<Block *> left{start};
+    std::vector<Block *> right;
+    const Block *frontier = start;
+    for (;;) {
+        if (right.empty()) {
+            if (frontier == end)
+                return left.size() > 1 ? Merge::failed : Merge::over;
+            right.push_back(nextlive(frontier, end));
+            frontier = right.back();
+        }
         Block *a = left.back();
         Block *c = right.back();
         if (c == end && !c->label)
@@ -143,7 +148,6 @@ Merge runpasses(const std::vector<Block *> &live, const Block *end)
             right.push_back(a);
         }
     }
-    return left.size() > 1 ? Merge::failed : Merge::over;
 }
 
 }  // namespace
@@ -156,7 +160,7 @@ void mergeconds(Block *start, Block *end)
     }
     if (start == end)
         return;
-    switch (runpasses(liveblocks(start, end), end)) {
+    switch (runpasses(start, end)) {
     case Merge::missing_pair:
         reportunmerged(start);
         return;
