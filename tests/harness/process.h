@@ -1,0 +1,40 @@
+// Runs programs for the tests: each in a directory of its own, with a time limit, its output captured.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace harness {
+
+struct Result {
+    int status = -1;  // exit status, -1 when a signal ended the process
+    int signal = 0;   // the signal that ended it, or 0; SIGALRM means that the time was up
+    std::string out;  // standard output
+    std::string err;  // standard error
+};
+
+// Makes an empty directory and gives its path, with no slash at its end.
+std::string make_directory();
+
+// Removes a directory made by make_directory and all that it holds.
+void remove_directory(const std::string &path);
+
+// Writes the bytes as they are. Fails the run of the tests if it can't.
+void write_file(const std::string &path, const std::string &bytes);
+
+// Gives the bytes of a file; an absent file reads as empty.
+std::string read_file(const std::string &path);
+
+bool file_exists(const std::string &path);
+
+// Runs program with the arguments in directory, with no standard input, and ends it after `seconds`.
+Result run(const std::string &program, const std::vector<std::string> &arguments, const std::string &directory,
+           unsigned seconds);
+
+// The quarl to test: the environment's QUARL_BINARY, or else the one that was built.
+std::string quarl_binary(const char *built);
+
+// Says in one line how the process ended, and what it wrote to standard error.
+std::string describe(const Result &result);
+
+}  // namespace harness

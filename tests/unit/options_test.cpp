@@ -1,0 +1,164 @@
+// The command line as a user meets it: the program is run, and what it writes and how it ends is compared.
+#include "harness/process.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+constexpr unsigned seconds_allowed = 60;
+
+const std::string banner = "Norrith Toolkit Quarl V4.1.6";
+const std::string usage = banner + "\nusage: quarl [options] file\n"
+                                   "    -h   no header\n"
+                                   "    -i   no inline\n"
+                                   "    -ll  emulate long long\n"
+                                   "    -mc  no math replacement\n"
+                                   "    -o*  output filename\n"
+                                   "    -u   keep unused\n"
+                                   "    -v   verbose\n";
+const std::string version = banner + " - 05 Sep 2018 - Win32-F\n";
+
+// Two variables, of which only -u prints the second.
+const std::string module_text = "source_filename = \"from.cpp\"\n"
+                                "@kept = global i16 1\n"
+                                "@spare = internal global i16 2\n";
+
+class Options : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        directory = harness::make_directory();
+        harness::write_file(directory + "/one.ll", module_text);
+    }
+    void TearDown() override { harness::remove_directory(directory); }
+
+    harness::Result run(const Words &arguments, const std::string &program = harness::quarl_binary(QUARL_BINARY))
+    {
+        return harness::run(program, arguments, directory, seconds_allowed);
+    }
+    // Runs quarl and compares its standard error and its status; nothing is to come on standard output.
+    void expect(const Words &arguments, int status, const std::string &err)
+    {
+        const harness::Result result = run(arguments);
+        const std::string shown = arguments.empty() ? "no arguments" : arguments.front();
+        EXPECT_EQ(result.status, status) << shown;
+        EXPECT_EQ(result.err, err) << shown;
+        EXPECT_EQ(result.out, "") << shown;
+    }
+    bool exists(const std::string &name) const { return harness::file_exists(directory + "/" + name); }
+    bool holds(const std::string &name, const std::string &text) const
+    {
+        return harness::read_file(directory + "/" + name).find(text) != std::string::npos;
+    }
+
+    std::string directory;
+};
+
+TEST_F(Options, usage_and_version_end_with_status_1)
+{
+    expect({}, 1, usage);
+    expect({"-help"}, 1, usage);
+    expect({"-helpless", "one.ll"}, 1, usage);
+    expect({"-v", "-help"}, 1, usage);
+    expect({"-vers"}, 1, version);
+    expect({"-version"}, 1, version);
+}
+
+TEST_F(Options, an_unknown_option_is_shown_from_where_it_no_longer_matches)
+{
+    expect({"-x", "one.ll"}, 1, "quarl: unknown option -x\n");
+    expect({"-vq", "one.ll"}, 1, "quarl: unknown option -q\n");
+    expect({"-l", "one.ll"}, 1, "quarl: unknown option -l\n");
+    expect({"-uhl", "one.ll"}, 1, "quarl: unknown option -l\n");
+    expect({"+help"}, 1, "quarl: unknown option +help\n");
+}
+
+TEST_F(Options, options_without_a_file_end_silently)
+{
+    expect({"-v"}, 0, "");
+    expect({"-ll"}, 0, "");
+    expect({"-o"}, 0, "");
+    expect({"-o", "one.ll"}, 0, "");
+}
+
+TEST_F(Options, several_options_share_an_argument)
+{
+    const harness::Result result = run({"-vu", "-hillmc", "one.ll"});
+    EXPECT_EQ(result.status, 0) << harness::describe(result);
+    EXPECT_EQ(result.err, "one.ll:\n");
+    EXPECT_EQ(result.out, "output includes\noutput aggregates\noutput aliases\noutput externs\noutput variables\n"
+                          "output functions\n");
+    EXPECT_TRUE(holds("from.c", "int spare = 2;"));
+    EXPECT_TRUE(holds("from.c", "#include <lldefs.h>\n"));
+}
+
+TEST_F(Options, the_output_name_stands_behind_o_or_in_the_next_argument)
+{
+    expect({"-o", "a.c", "one.ll"}, 0, "");
+    expect({"-ob.c", "one.ll"}, 0, "");
+    expect({"-uo", "c.c", "one.ll"}, 0, "");
+    expect({"-uod.c", "one.ll"}, 0, "");
+    EXPECT_TRUE(exists("a.c") && exists("b.c") && exists("c.c") && exists("d.c"));
+    EXPECT_TRUE(holds("d.c", "spare") && !holds("b.c", "spare"));
+    EXPECT_FALSE(exists("from.c"));
+}
+
+TEST_F(Options, dashes_end_the_options)
+{
+    harness::write_file(directory + "/-u", module_text);
+    expect({"--", "-u"}, 0, "");
+    EXPECT_TRUE(exists("from.c"));
+    expect({"-"}, 1, "#error quarl -:0 can't open -\n");
+    expect({"one.ll", "-v"}, 1, "#error quarl (null):0 convert only one source file\n");
+}
+
+TEST_F(Options, wildcards_give_the_names_that_match)
+{
+    const std::string two = "#error quarl (null):0 convert only one source file\n";
+    expect({"?n*.ll"}, 0, "");
+    EXPECT_TRUE(exists("from.c"));
+    expect({"*.xy"}, 1, usage);
+    expect({"-u", "*.xy"}, 0, "");
+    std::filesystem::create_directory(directory + "/Sub");
+    harness::write_file(directory + "/Sub/TWO.LX", module_text);
+    expect({"Sub/*.lx"}, 1, usage);
+    expect({"Sub/T??.LX"}, 1, "#error quarl Sub/two.lx:0 can't open Sub/two.lx\n");
+    harness::write_file(directory + "/.ll", module_text);
+    expect({"*.ll"}, 1, two);
+}
+
+TEST_F(Options, the_programs_name_is_its_files_name_in_lower_case)
+{
+    for (const auto &[file, shown] : std::vector<std::pair<std::string, std::string>>{
+             {"QuaRL.x.exe", "quarl"}, {"a-name-of-many-letters", "a-name-of-many-letters"}}) {
+        const std::string program = directory + "/" + file;
+        std::filesystem::create_symlink(harness::quarl_binary(QUARL_BINARY), program);
+        EXPECT_EQ(run({"-x"}, program).err, shown + ": unknown option -x\n");
+        EXPECT_EQ(run({"none.ll"}, program).err, "#error " + shown + " none.ll:0 can't open none.ll\n");
+    }
+}
+
+TEST_F(Options, files_that_cannot_be_used)
+{
+    expect({"none.ll"}, 1, "#error quarl none.ll:0 can't open none.ll\n");
+    expect({"."}, 1, "#error quarl .:0 can't open .\n");
+    expect({"-o", "none/a.c", "one.ll"}, 1, "#error quarl one.ll:3 can't create none/a.c\n");
+    expect({"-o", "/dev/full", "one.ll"}, 1, "#error quarl one.ll:3 can't write /dev/full\n");
+}
+
+// The pipe opens only when quarl reads from it, and by then it listens to the signal.
+TEST_F(Options, an_interrupt_ends_with_status_2)
+{
+    const std::string script = "mkfifo pipe; \"$0\" -o a.c pipe & exec 3>pipe; kill -INT $!; wait $!";
+    const harness::Result result = run({"-c", script, harness::quarl_binary(QUARL_BINARY)}, "/bin/sh");
+    EXPECT_EQ(result.status, 2) << harness::describe(result);
+    EXPECT_EQ(result.err, "");
+    EXPECT_FALSE(exists("a.c"));
+}
+
+}  // namespace
