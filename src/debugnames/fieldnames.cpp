@@ -22,16 +22,26 @@
 
 namespace {
 
+// A name with the scope that it stands in.
+struct ScopedName {
+    Name *name;           // null without one
+    std::uint32_t scope;  // number of the scope
+    bool has_scope;
+};
+
 // What a metadata line says.
 struct MetaLine {
     const Meta *meta;
-    Name *name;           // of a composite, a member or a scope; null without one
-    std::uint32_t scope;  // number of the scope
-    bool has_scope;
-    std::uint8_t kind;     // kind of the aggregate that a composite defines, 0 for other lines
-    bool member;           // names a member
-    bool faulty;           // holds a string without an end
-    const MetaLine *seen;  // the composite whose scope chain has passed here last
+    ScopedName definition;  // of a composite or a member
+    ScopedName as_scope;    // of the line as the scope of others, once it was asked for
+    const MetaLine *seen;   // the composite whose scope chain has passed here last
+    std::uint8_t kind;      // kind of the aggregate that a composite defines, 0 for other lines
+    bool composite : 1;     // opens with DICompositeType
+    bool derived : 1;       // opens with DIDerivedType
+    bool member : 1;        // names a member
+    bool scope_known : 1;   // as_scope is set
+    bool faulty : 1;        // a string without an end is met where the definition is read
+    bool faulty_scope : 1;  // the same for as_scope
 };
 
 struct MetaIndex {
@@ -82,13 +92,16 @@ Name *internquoted(Token t)
     return intern(tokentext(t));
 }
 
-void scanscope(MetaLine &line)
+// name and scope in this order, from the value of the name on.
+ScopedName scanscopedname(const Token &value)
 {
+    ScopedName scoped{internquoted(value), 0, false};
     Token t;
     if (findnextkey(t, "scope") && t.code == token::number) {
-        line.scope = number(tokentext(t));
-        line.has_scope = true;
+        scoped.scope = number(tokentext(t));
+        scoped.has_scope = true;
     }
+    return scoped;
 }
 
 struct AggregateTag {
@@ -110,49 +123,32 @@ std::uint8_t aggregatekind(const Token &t)
     return 0;
 }
 
-// A composite or a member: word "(" tag, name, scope in this order.
-void scantagged(MetaLine &line, bool composite)
+// A composite or a member: word "(" tag, name, scope in this order; any other line gets nothing.
+void scandefinition(MetaLine &line)
 {
     Token t;
-    if (!findnextkey(t, "tag"))
+    setcursor(line.meta->text);
+    gettoken(t);
+    line.composite = isword(t, "DICompositeType");
+    line.derived = isword(t, "DIDerivedType");
+    if ((!line.composite && !line.derived) || !findnextkey(t, "tag"))
         return;
-    const std::uint8_t code = composite ? aggregatekind(t) : 0;
-    if (composite ? code == 0 : !isword(t, "DW_TAG_member"))
+    const std::uint8_t code = line.composite ? aggregatekind(t) : 0;
+    if (line.composite ? code == 0 : !isword(t, "DW_TAG_member"))
         return;
     if (!findnextkey(t, "name") || t.code != token::string)
         return;
-    line.name = internquoted(t);
+    line.definition = scanscopedname(t);
     line.kind = code;
-    line.member = !composite;
-    scanscope(line);
+    line.member = line.derived;
 }
 
 // Any line can be the scope of another: name and scope in this order.
 void scanscopeline(MetaLine &line)
 {
     Token t;
-    if (!findkey(t, line.meta->text, "name") || t.code != token::string)
-        return;
-    line.name = internquoted(t);
-    scanscope(line);
-}
-
-// The keys of a line that defines a composite or a member; any other line gets nothing.
-void scandefinition(MetaLine &line)
-{
-    Token t;
-    setcursor(line.meta->text);
-    gettoken(t);
-    const bool composite = isword(t, "DICompositeType");
-    if (composite || isword(t, "DIDerivedType"))
-        scantagged(line, composite);
-}
-
-// Says what is wrong with a line that is consulted.
-void reportfault(MetaLine line, void (*scan)(MetaLine &line))
-{
-    if (line.faulty)
-        scan(line);
+    if (findkey(t, line.meta->text, "name") && t.code == token::string)
+        line.as_scope = scanscopedname(t);
 }
 
 MetaLine scanline(const Meta *meta)
@@ -161,10 +157,29 @@ MetaLine scanline(const Meta *meta)
     line.meta = meta;
     scanquietly(true);
     scandefinition(line);
-    if (!line.name)
-        scanscopeline(line);
     line.faulty = scanquietly(false);
     return line;
+}
+
+// Says what is wrong with a definition that is consulted.
+void reportdefinition(MetaLine line)
+{
+    if (line.faulty)
+        scandefinition(line);
+}
+
+// The line as a scope; what is wrong with it is said each time.
+const ScopedName &consultscope(MetaLine &line)
+{
+    if (!line.scope_known) {
+        line.scope_known = true;
+        scanquietly(true);
+        scanscopeline(line);
+        line.faulty_scope = scanquietly(false);
+    }
+    if (line.faulty_scope)
+        scanscopeline(line);
+    return line.as_scope;
 }
 
 // ---- The index --------------------------------------------------------------------------------------------------
@@ -172,12 +187,12 @@ MetaLine scanline(const Meta *meta)
 void indexmembers(MetaIndex &index, std::size_t place)
 {
     const MetaLine &line = index.lines[place];
-    if (line.faulty && line.kind == 0)
+    if (line.faulty && line.derived)
         index.faulty_members.push_back(place);
     if (!line.member)
         return;
-    if (line.has_scope)
-        index.members[line.scope].push_back(place);
+    if (line.definition.has_scope)
+        index.members[line.definition.scope].push_back(place);
     else
         index.loose_members.push_back(place);
 }
@@ -212,19 +227,16 @@ struct ScopeChain {
     std::size_t length;               // of the qualified name
 };
 
-// The line that `at` names as its scope, if that has a name and was not passed on the way from `composite`.
-MetaLine *enclosingscope(MetaIndex &index, const MetaLine &at, const MetaLine &composite)
+// The line that encloses `at`, if it has a name and was not passed on the way from `composite`.
+MetaLine *enclosingscope(MetaIndex &index, const ScopedName &at, const MetaLine &composite)
 {
-    if (!at.has_scope)
+    if (!at.has_scope || at.scope == composite.meta->id)
         return nullptr;
     const auto entry = index.by_id.find(at.scope);
     if (entry == index.by_id.end())
         return nullptr;
     MetaLine &scope = index.lines[entry->second];
-    if (&scope == &composite || scope.seen == &composite)
-        return nullptr;
-    reportfault(scope, scanscopeline);
-    if (!scope.name)
+    if (scope.seen == &composite || !consultscope(scope).name)
         return nullptr;
     scope.seen = &composite;
     return &scope;
@@ -233,11 +245,12 @@ MetaLine *enclosingscope(MetaIndex &index, const MetaLine &at, const MetaLine &c
 ScopeChain scopechain(MetaIndex &index, const MetaLine &composite)
 {
     constexpr std::size_t separator = 2;
-    ScopeChain chain{{composite.name}, composite.name->length};
-    for (const MetaLine *at = enclosingscope(index, composite, composite); at && chain.length <= longest_name;
-         at = enclosingscope(index, *at, composite)) {
-        chain.names.push_back(at->name);
-        chain.length += at->name->length + separator;
+    const Name *name = composite.definition.name;
+    ScopeChain chain{{name}, name->length};
+    for (const MetaLine *at = enclosingscope(index, composite.definition, composite);
+         at && chain.length <= longest_name; at = enclosingscope(index, at->as_scope, composite)) {
+        chain.names.push_back(at->as_scope.name);
+        chain.length += at->as_scope.name->length + separator;
     }
     return chain;
 }
@@ -305,7 +318,7 @@ const MetaLine *nextmember(const MetaIndex &index, MemberLines &lines)
         }
     }
     for (; lines.faulty.next != lines.faulty.end && *lines.faulty.next <= place; ++lines.faulty.next)
-        reportfault(index.lines[*lines.faulty.next], scandefinition);
+        reportdefinition(index.lines[*lines.faulty.next]);
     if (!source)
         return nullptr;
     ++source->next;
@@ -319,7 +332,7 @@ void namemembers(const MetaIndex &index, std::size_t place, const Symbol *aggreg
         const MetaLine *line = nextmember(index, lines);
         if (!line)
             return;
-        member->name = line->name;
+        member->name = line->definition.name;
     }
 }
 
@@ -333,9 +346,10 @@ void namefields()
     buildindex(index);
     for (std::size_t place = 0; place < index.lines.size(); ++place) {
         const MetaLine &composite = index.lines[place];
+        if (composite.composite)
+            reportdefinition(composite);
         if (composite.kind == 0)
             continue;
-        reportfault(composite, scandefinition);
         if (const Symbol *aggregate = findaggregate(index, composite))
             namemembers(index, place, aggregate);
     }

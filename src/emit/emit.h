@@ -54,9 +54,9 @@ extern bool in_initialiser;  // the initialiser of a variable is being written
 
 // ---- Math folding and dynamic memory (mathfold.cpp) -------------------------------------------------------------
 
-// Writes the value of a call of a math function with a constant argument. Returns false, with nothing written, if the
-// call can't be folded.
-bool foldmath(const Expr *callee, const Expr *args);
+// The value of a call of a math function with a constant argument; empty if the call can't be folded. Valid until the
+// next call.
+std::string_view foldmath(const Expr *callee, const Expr *args);
 // Decides how the output gets at malloc and free.
 void needstdlib();
 

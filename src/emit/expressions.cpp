@@ -69,7 +69,7 @@ bool needsparens(std::uint8_t code, Paren rule)
 
 // ---- The stack --------------------------------------------------------------------------------------------------
 
-enum class Piece : std::uint8_t { expr, text, type };
+enum class Piece : std::uint8_t { expr, text, type, late };
 
 struct Item {
     Piece piece;
@@ -79,7 +79,10 @@ struct Item {
         const char *text;
         const Type *type;
     };
-    std::size_t length;  // of the text
+    union {
+        std::size_t length;    // of the text
+        void (*form)(Expr *);  // a late piece: pushes the pieces of the expression
+    };
 };
 
 constinit std::vector<Item> stack;
@@ -112,6 +115,15 @@ void push(const Type *type)
     Item &item = stack.emplace_back();
     item.piece = Piece::type;
     item.type = type;
+}
+
+// Pieces that depend on the tree as it is when what stands in front of them has been written.
+void pushlate(void (*form)(Expr *), Expr *expr)
+{
+    Item &item = stack.emplace_back();
+    item.piece = Piece::late;
+    item.expr = expr;
+    item.form = form;
 }
 
 // ---- Leaves -----------------------------------------------------------------------------------------------------
@@ -309,6 +321,18 @@ void formcomparison(Expr *expr)
 }
 
 // The count of a 64-bit shift is a plain number.
+void pushcount(Expr *shift)
+{
+    Expr *count = shift->right;
+    while (isop(count, op::cast))
+        count = count->left;
+    if (isleaf(count, leaf::number) && is64bit(count->type))
+        count->type = newtype(kind::int16, nullptr);
+    push(count, Paren::never);
+    if (is64bitoperand(count))
+        push(".low");
+}
+
 void formshift(Expr *expr)
 {
     if (!is64bitoperand(expr->left)) {
@@ -319,14 +343,7 @@ void formshift(Expr *expr)
     push("(");
     pushllarg(expr->left);
     push(", ");
-    Expr *count = expr->right;
-    while (isop(count, op::cast))
-        count = count->left;
-    if (isleaf(count, leaf::number) && is64bit(count->type))
-        count->type = newtype(kind::int16, nullptr);
-    push(count, Paren::never);
-    if (is64bitoperand(count))
-        push(".low");
+    pushlate(pushcount, expr);
     push(")");
 }
 
@@ -420,21 +437,27 @@ void formdereference(Expr *expr)
     push(expr->left, Paren::unless_step);
 }
 
+// The number that is added to a pointer.
+void pushoffset(Expr *target)
+{
+    const std::string_view offset = nametext(target->right->value);
+    const bool negative = offset.starts_with('-');
+    push(negative ? " - " : " + ");
+    push(negative ? offset.substr(1) : offset);
+}
+
 // &a[0] is a, and &p[2] of a pointer is p + 2.
 void formaddress(Expr *expr)
 {
-    const Expr *target = expr->left;
+    Expr *target = expr->left;
     if (isop(target, op::index) && isleaf(target->right, leaf::number)) {
-        std::string_view index = nametext(target->right->value);
-        if (number(index) == 0) {
+        if (number(nametext(target->right->value)) == 0) {
             push(target->left, Paren::never);
             return;
         }
         if (target->left && iskind(target->left->type, kind::pointer)) {
-            const bool negative = index.starts_with('-');
             push(target->left, Paren::always);
-            push(negative ? " - " : " + ");
-            push(negative ? index.substr(1) : index);
+            pushlate(pushoffset, target);
             return;
         }
     }
@@ -539,8 +562,11 @@ void pusharguments(const Expr *cell)
 
 void formcall(Expr *expr)
 {
-    if (iskind(expr->type, kind::float32) && foldmath(expr->left, expr->right))
+    const std::string_view value = iskind(expr->type, kind::float32) ? foldmath(expr->left, expr->right) : "";
+    if (!value.empty()) {
+        push(value);
         return;
+    }
     if (isleaf(expr->left, leaf::name)) {
         if (memoryheader(expr->left->value))
             rewritecall(expr);
@@ -713,6 +739,7 @@ void expand(Expr *expr, Paren paren)
 
 void print(const Item &item)
 {
+    const std::size_t mark = stack.size();
     switch (item.piece) {
     case Piece::text:
         outtext({item.text, item.length});
@@ -720,14 +747,16 @@ void print(const Item &item)
     case Piece::type:
         outdecl(nullptr, item.type);
         break;
-    case Piece::expr: {
-        const std::size_t mark = stack.size();
+    case Piece::late:
+        item.form(item.expr);
+        break;
+    case Piece::expr:
         ++printed_nodes;
         expand(item.expr, item.paren);
-        std::reverse(stack.begin() + static_cast<std::ptrdiff_t>(mark), stack.end());
         break;
     }
-    }
+    // What was pushed stands in the order of the text; the first piece has to be the next one.
+    std::reverse(stack.begin() + static_cast<std::ptrdiff_t>(mark), stack.end());
 }
 
 }  // namespace

@@ -56,28 +56,25 @@ const MathFunction *foldable(const Expr *callee)
 
 }  // namespace
 
-bool foldmath(const Expr *callee, const Expr *args)
+std::string_view foldmath(const Expr *callee, const Expr *args)
 {
     const MathFunction *row = foldable(callee);
     if (!row || !args || args->right)
-        return false;
+        return {};
     const Expr *argument = args->left;
     if (!isleaf(argument, leaf::number) || !iskind(argument->type, kind::float32))
-        return false;
+        return {};
     const double x = argumentvalue(nametext(argument->value));
     if (x < 0 && !takesnegative(row->function))
-        return false;
+        return {};
     const double result = compute(row->function, x);
     if (!std::isfinite(result))
-        return false;  // no constant of C says it
-    if (result == 0) {
-        outtext("0.000000e+00");
-        return true;
-    }
-    std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%.7e", result);
-    outtext(text.data());
-    return true;
+        return {};  // no constant of C says it
+    if (result == 0)
+        return "0.000000e+00";
+    static std::array<char, 32> text;
+    const int length = std::snprintf(text.data(), text.size(), "%.7e", result);
+    return {text.data(), static_cast<std::size_t>(length)};
 }
 
 void needstdlib()
