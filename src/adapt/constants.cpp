@@ -65,8 +65,8 @@ Tokens as_instruction(const Tokens &tokens, Shape shape)
             begin = shape == Shape::pair && value != npos ? value : begin;
         }
         const std::size_t first = result.size();
-        result.insert(result.end(), tokens.begin() + static_cast<std::ptrdiff_t>(begin),
-                      tokens.begin() + static_cast<std::ptrdiff_t>(operands[place].end));
+        const Tokens operand = slice(tokens, {begin, operands[place].end});
+        result.insert(result.end(), operand.begin(), operand.end());
         if (first < result.size()) {
             result[first].gap = " ";
         }

@@ -94,15 +94,14 @@ void straighten_alias(Module &module, Tokens &tokens, std::size_t alias)
     if (plain != npos && plain < tokens.size() && tokens[plain].kind == Kind::global) {
         return;
     }
-    Tokens target(tokens.begin() + static_cast<std::ptrdiff_t>(comma) + 1, tokens.end());
+    Tokens target = slice(tokens, {comma + 1, tokens.size()});
     const std::size_t name = find_kind(target, Kind::global);
     if (name == npos || !keeps_address(target, 0)) {
         refuse(module, "alias of something inside another variable");
         return;
     }
     const Token global = {Kind::global, " ", target[name].text};
-    const Tokens type(tokens.begin() + static_cast<std::ptrdiff_t>(alias) + 1,
-                      tokens.begin() + static_cast<std::ptrdiff_t>(comma));
+    const Tokens type = slice(tokens, {alias + 1, comma});
     tokens.resize(comma + 1);
     tokens.insert(tokens.end(), type.begin(), type.end());
     tokens.push_back({Kind::punct, "", "*"});

@@ -474,17 +474,14 @@ Tokens passed_operand(const Tokens &tokens)
     if (parts.op == npos) {
         return {};
     }
-    const bool comment = tokens.back().kind == Kind::comment;
-    const auto end = tokens.end() - (comment ? 1 : 0);
+    const std::size_t end = tokens.size() - (tokens.back().kind == Kind::comment ? 1 : 0);
     if (is(tokens[parts.op], "freeze")) {
         const std::size_t value = behind_type(tokens, parts.op + 1);
-        return value == npos ? Tokens() : Tokens(tokens.begin() + static_cast<std::ptrdiff_t>(value), end);
+        return slice(tokens, {value, end});
     }
     if (is(tokens[parts.op], "phi")) {
         const std::vector<PhiPair> pairs = phi_pairs(tokens);
-        return pairs.size() != 1 ? Tokens()
-                                 : Tokens(tokens.begin() + static_cast<std::ptrdiff_t>(pairs[0].value.begin),
-                                          tokens.begin() + static_cast<std::ptrdiff_t>(pairs[0].value.end));
+        return pairs.size() == 1 ? slice(tokens, pairs[0].value) : Tokens();
     }
     const std::size_t list = is(tokens[parts.op], "call") ? find_arguments(tokens, parts.op) : npos;
     if (list == npos || list >= tokens.size() || !tokens[list - 1].text.starts_with("@llvm.")) {
@@ -497,9 +494,7 @@ Tokens passed_operand(const Tokens &tokens)
     }
     if (intrinsic->fate == Fate::operand) {
         const std::size_t value = behind_type(tokens, arguments[0].begin);
-        return value == npos ? Tokens()
-                             : Tokens(tokens.begin() + static_cast<std::ptrdiff_t>(value),
-                                      tokens.begin() + static_cast<std::ptrdiff_t>(arguments[0].end));
+        return slice(tokens, {value, arguments[0].end});
     }
     if (intrinsic->fate == Fate::no) {
         return {{Kind::word, " ", "false"}};

@@ -226,6 +226,16 @@ std::size_t behind_type(const Tokens &tokens, std::size_t at)
     return at;
 }
 
+Tokens slice(const Tokens &tokens, Range range)
+{
+    const std::size_t end = std::min(range.end, tokens.size());
+    if (range.begin >= end) {
+        return {};
+    }
+    return {tokens.begin() + static_cast<std::ptrdiff_t>(range.begin),
+            tokens.begin() + static_cast<std::ptrdiff_t>(end)};
+}
+
 std::vector<Range> list_elements(const Tokens &tokens, std::size_t open)
 {
     std::vector<Range> elements;

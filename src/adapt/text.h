@@ -65,6 +65,9 @@ struct Range {
     std::size_t end = 0;
 };
 
+// The tokens of a range. One that ends in front of its start has none: malformed text has such.
+Tokens slice(const Tokens &tokens, Range range);
+
 // What stands between the commas of the bracketed list that opens at `open`, outside of inner brackets.
 std::vector<Range> list_elements(const Tokens &tokens, std::size_t open);
 
