@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <functional>
 #include <queue>
+#include <set>
 #include <unordered_map>
 
 // ---- Prototypes and aliases -------------------------------------------------------------------------------------
@@ -110,10 +111,18 @@ struct Event {
     bool released;     // the reference has taken its use back
 };
 
+// The references to one variable that can change its count: what belongs to live variables raises it from 0, what
+// belongs to dead ones takes a use back. Only the first of them in the order of a pass has an effect when the count
+// crosses 0, so that is the one to be visited.
+struct References {
+    std::set<EventId> raising;
+    std::set<EventId> taking;
+};
+
 struct Reachability {
     std::vector<Event> events;
-    std::unordered_map<const Symbol *, EventId> start;                   // event of a variable
-    std::unordered_map<const Symbol *, std::vector<EventId>> referring;  // references to a variable
+    std::unordered_map<const Symbol *, EventId> start;          // event of a variable
+    std::unordered_map<const Symbol *, References> references;  // to a variable
     std::vector<bool> live;    // of the variable whose event has this id, as decided at its last visit
     std::vector<bool> queued;  // the event is due in this pass or the next
     std::priority_queue<EventId, std::vector<EventId>, std::greater<>> due;
@@ -137,8 +146,9 @@ void addreferences(Reachability &state, Symbol *variable)
             reference->symbol = find_variable(reference->value);
         const auto id = static_cast<EventId>(state.events.size());
         state.events.push_back({variable, state.start.at(variable), reference, reference->symbol, false});
-        if (reference->symbol)
-            state.referring[reference->symbol].push_back(id);
+        // No variable is taken for live until its first visit.
+        if (reference->symbol && reference->counted)
+            state.references[reference->symbol].taking.insert(id);
     }
 }
 
@@ -168,12 +178,42 @@ void schedule(Reachability &state, EventId id)
         state.due_next.push_back(id);
 }
 
+// Schedules the reference that has an effect on the count of a variable as it stands.
+void schedulereference(Reachability &state, const Symbol *variable)
+{
+    const References &references = state.references[variable];
+    const std::set<EventId> &waiting = variable->uses == 0 ? references.raising : references.taking;
+    auto next = waiting.upper_bound(state.current);
+    if (next == waiting.end())
+        next = waiting.begin();
+    if (next != waiting.end())
+        schedule(state, *next);
+}
+
 // The count of a variable has become 0 or has left it.
 void countcrossed(Reachability &state, const Symbol *variable)
 {
     schedule(state, state.start.at(variable));
-    for (const EventId id : state.referring[variable])
-        schedule(state, id);
+    schedulereference(state, variable);
+}
+
+// The variable that a reference belongs to has come to life or died.
+void ownerchanged(Reachability &state, EventId id, bool live)
+{
+    schedule(state, id);
+    const Event &event = state.events[id];
+    if (!event.target)
+        return;
+    References &references = state.references[event.target];
+    if (live) {
+        references.taking.erase(id);
+        references.raising.insert(id);
+    } else {
+        references.raising.erase(id);
+        if (event.leaf->counted && !event.released)
+            references.taking.insert(id);
+    }
+    schedulereference(state, event.target);
 }
 
 bool islive(const Symbol *variable)
@@ -195,7 +235,7 @@ void visitvariable(Reachability &state, EventId id)
         return;
     state.live[id] = live;
     for (EventId next = id + 1; next < state.events.size() && state.events[next].leaf; ++next)
-        schedule(state, next);
+        ownerchanged(state, next, live);
 }
 
 // A live variable's reference to something that is no variable: a function's address, or a declaration's use.
@@ -223,6 +263,7 @@ void visitreference(Reachability &state, EventId id)
     } else if (!live && target->uses != 0 && event.leaf->counted && !event.released) {
         --target->uses;
         event.released = true;
+        state.references[target].taking.erase(id);
         state.lowered = true;
         if (target->uses == 0)
             countcrossed(state, target);
