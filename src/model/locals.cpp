@@ -21,13 +21,13 @@ struct LocalIndex {
     std::vector<std::unique_ptr<LocalName>> pool;  // entries of all epochs, used again
     std::size_t taken = 0;                         // entries of this epoch
     std::vector<Inst *> jumps;
-    std::vector<Inst *> statements;        // appended ones; next_live leads over those that are none any more
-    std::vector<std::uint32_t> next_live;  // disjoint sets: an entry that leads to itself is a statement
-    // Statements that belong to temporaries, by order; null until the first function begins.
-    std::unique_ptr<std::map<std::uint32_t, Inst *>> inserted;
+    std::vector<Inst *> statements;            // appended ones; next_live leads over those that are none any more
+    std::vector<std::uint32_t> next_live;      // disjoint sets: an entry that leads to itself is a statement
+    std::map<std::uint32_t, Inst *> inserted;  // statements that belong to temporaries, by order
 };
 
-constinit LocalIndex locals;
+// Made with the first function and never destroyed: at the end of the run its lists would be given back one by one.
+LocalIndex *locals;
 
 bool byorder(std::uint32_t order, const Inst *instruction)
 {
@@ -43,11 +43,11 @@ void insertbyorder(std::vector<Inst *> &insts, Inst *instruction)
 std::uint32_t livefrom(std::uint32_t place)
 {
     std::uint32_t root = place;
-    while (root < locals.statements.size() && locals.next_live[root] != root)
-        root = locals.next_live[root];
-    while (place < locals.statements.size() && locals.next_live[place] != root) {
-        const std::uint32_t next = locals.next_live[place];
-        locals.next_live[place] = root;
+    while (root < locals->statements.size() && locals->next_live[root] != root)
+        root = locals->next_live[root];
+    while (place < locals->statements.size() && locals->next_live[place] != root) {
+        const std::uint32_t next = locals->next_live[place];
+        locals->next_live[place] = root;
         place = next;
     }
     return root;
@@ -56,15 +56,15 @@ std::uint32_t livefrom(std::uint32_t place)
 // The place of the first appended statement whose order is not below `order`.
 std::uint32_t statementplace(std::uint32_t order)
 {
-    const auto at = std::partition_point(locals.statements.begin(), locals.statements.end(),
+    const auto at = std::partition_point(locals->statements.begin(), locals->statements.end(),
                                          [order](const Inst *s) { return s->order < order; });
-    return static_cast<std::uint32_t>(at - locals.statements.begin());
+    return static_cast<std::uint32_t>(at - locals->statements.begin());
 }
 
 void notestatement(Inst *statement)
 {
-    locals.next_live.push_back(static_cast<std::uint32_t>(locals.statements.size()));
-    locals.statements.push_back(statement);
+    locals->next_live.push_back(static_cast<std::uint32_t>(locals->statements.size()));
+    locals->statements.push_back(statement);
     const Expr *store = statement->expr;
     if (!isop(store, op::assign) || !store->value)
         return;
@@ -98,7 +98,7 @@ void enter(Inst *instruction)
         notestatement(instruction);
         break;
     case inst::jump:
-        locals.jumps.push_back(instruction);
+        locals->jumps.push_back(instruction);
         break;
     default:
         break;
@@ -109,48 +109,48 @@ void enter(Inst *instruction)
 
 void beginlocals()
 {
-    ++locals.epoch;
-    locals.next_order = 0;
-    locals.taken = 0;
-    locals.jumps.clear();
-    locals.statements.clear();
-    locals.next_live.clear();
-    if (!locals.inserted)
-        locals.inserted = std::make_unique<std::map<std::uint32_t, Inst *>>();
-    locals.inserted->clear();
+    if (!locals)
+        locals = new LocalIndex;
+    ++locals->epoch;
+    locals->next_order = 0;
+    locals->taken = 0;
+    locals->jumps.clear();
+    locals->statements.clear();
+    locals->next_live.clear();
+    locals->inserted.clear();
 }
 
 LocalName *findlocal(const Name *name)
 {
-    return name->local_epoch == locals.epoch ? name->local : nullptr;
+    return name->local_epoch == locals->epoch ? name->local : nullptr;
 }
 
 LocalName &localname(Name *name)
 {
-    if (name->local_epoch == locals.epoch)
+    if (name->local_epoch == locals->epoch)
         return *name->local;
-    if (locals.taken == locals.pool.size())
-        locals.pool.push_back(std::make_unique<LocalName>());
-    LocalName &entry = *locals.pool[locals.taken++];
+    if (locals->taken == locals->pool.size())
+        locals->pool.push_back(std::make_unique<LocalName>());
+    LocalName &entry = *locals->pool[locals->taken++];
     entry.named.clear();
     entry.stores.clear();
     entry.slots.clear();
     entry.blocks.clear();
     name->local = &entry;
-    name->local_epoch = locals.epoch;
+    name->local_epoch = locals->epoch;
     return entry;
 }
 
 void notelocal(Inst *instruction)
 {
-    locals.next_order += order_step;
-    instruction->order = locals.next_order;
+    locals->next_order += order_step;
+    instruction->order = locals->next_order;
     enter(instruction);
 }
 
 void dropjump()
 {
-    locals.jumps.pop_back();
+    locals->jumps.pop_back();
 }
 
 void indexchain(Inst *last)
@@ -172,28 +172,28 @@ std::vector<Inst *>::const_iterator upto(const std::vector<Inst *> &insts, std::
 
 bool nojumpbetween(std::uint32_t older, std::uint32_t newer)
 {
-    auto at = upto(locals.jumps, newer);
-    while (at != locals.jumps.begin() && (*std::prev(at))->op != inst::jump)
+    auto at = upto(locals->jumps, newer);
+    while (at != locals->jumps.begin() && (*std::prev(at))->op != inst::jump)
         --at;  // one that closes a loop now
-    return at == locals.jumps.begin() || (*std::prev(at))->order <= older;
+    return at == locals->jumps.begin() || (*std::prev(at))->order <= older;
 }
 
 Inst *nextstatement(const Inst *from)
 {
     const std::uint32_t place = livefrom(statementplace(from->order));
-    Inst *found = place < locals.statements.size() ? locals.statements[place] : nullptr;
-    const auto temporary = locals.inserted->lower_bound(from->order);
-    if (temporary != locals.inserted->end() && (!found || temporary->first < found->order))
+    Inst *found = place < locals->statements.size() ? locals->statements[place] : nullptr;
+    const auto temporary = locals->inserted.lower_bound(from->order);
+    if (temporary != locals->inserted.end() && (!found || temporary->first < found->order))
         found = temporary->second;
     return found && found->block == from->block ? found : nullptr;
 }
 
 void forgetstatement(const Inst *statement)
 {
-    if (locals.inserted->erase(statement->order))
+    if (locals->inserted.erase(statement->order))
         return;
     const std::uint32_t place = statementplace(statement->order);
-    locals.next_live[place] = place + 1;
+    locals->next_live[place] = place + 1;
 }
 
 void notefolded(Inst *store)
@@ -206,6 +206,6 @@ void noteinserted(Inst *declaration, Inst *assignment, const Inst *definition)
 {
     assignment->order = definition->order - 1;
     declaration->order = definition->order - 2;
-    locals.inserted->emplace(assignment->order, assignment);
+    locals->inserted.emplace(assignment->order, assignment);
     insertbyorder(localname(declaration->name).named, declaration);
 }

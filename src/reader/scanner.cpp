@@ -26,13 +26,14 @@ std::size_t window_next;             // first byte not yet delivered
 std::size_t window_end;              // behind the last byte
 char held;                           // the byte that the terminator of the current line stands on
 const char *cursor = "";
-Token last_token;      // the token that was scanned last; its text is null for none
-const char *last_end;  // behind it
+const char *last_text;    // the token that was scanned last, null for none
+const char *last_end;     // behind it
+std::uint16_t last_code;  // of it
 
 void movecursor(const char *text)
 {
     cursor = text;
-    last_token.text = nullptr;
+    last_text = nullptr;
 }
 
 // Moves the rest to the front of the window and reads behind it.
@@ -99,8 +100,9 @@ namespace {
 constexpr std::uint8_t is_space = 1;
 constexpr std::uint8_t is_digit = 2;
 constexpr std::uint8_t is_hex = 4;
-constexpr std::uint8_t opens_word = 8;         // letter, _ and .
-constexpr std::uint8_t continues_word = 16;    // these, digits and -
+constexpr std::uint8_t opens_word = 8;       // letter, _ and .
+constexpr std::uint8_t continues_word = 16;  // these, digits and -
+constexpr std::uint8_t continues_operator = 64;
 constexpr std::uint8_t continues_number = 32;  // digits . e + -
 
 constexpr void addclass(std::array<std::uint8_t, 256> &classes, std::string_view characters, std::uint8_t bits)
@@ -117,6 +119,7 @@ constexpr std::array<std::uint8_t, 256> makeclasses()
     addclass(classes, "abcdefABCDEF", is_hex);
     addclass(classes, "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_.", opens_word | continues_word);
     addclass(classes, "-", continues_word);
+    addclass(classes, "=><+-&|#", continues_operator);
     addclass(classes, ".e+-", continues_number);
     return classes;
 }
@@ -249,19 +252,11 @@ constexpr std::array<std::uint16_t, 256> makesingles()
 
 constexpr std::array<std::uint16_t, 256> singles = makesingles();
 
-// The characters that can stand behind the first one of a longer operator.
-bool continuesoperator(char c)
-{
-    return c == '=' || c == '>' || c == '<' || c == '+' || c == '-' || c == '&' || c == '|' || c == '#';
-}
-
 // The longest operator at `at`; sets the code.
 std::size_t scanoperator(const char *at, std::uint16_t &code)
 {
     code = singles[static_cast<unsigned char>(*at)];
     std::size_t length = 1;
-    if (!continuesoperator(at[1]))
-        return length;
     for (const Operator &row : operators) {
         if (row.text.size() > length && std::strncmp(at, row.text.data(), row.text.size()) == 0) {
             code = row.code;
@@ -271,66 +266,123 @@ std::size_t scanoperator(const char *at, std::uint16_t &code)
     return length;
 }
 
-// Sets the code of the token that opens at t.text and returns its end; a c"..." string drops its c.
-const char *scantoken(Token &t)
+// What a token can be, by its first character.
+enum class Start : std::uint8_t { single, longer, word, letter_c, dot, digit, minus, quote, blank, end };
+
+constexpr std::array<Start, 256> makestarts()
 {
-    const char *at = t.text;
-    if (is(*at, is_digit) || (*at == '-' && is(at[1], is_digit))) {
-        t.code = token::number;
-        if (at[0] == '0' && at[1] == 'x')
-            return skipwhile(at + 2, is_hex);
-        return skipwhile(at + 1, continues_number);
+    std::array<Start, 256> starts{};
+    for (const Operator &row : operators)
+        if (row.text.size() > 1)
+            starts[static_cast<unsigned char>(row.text[0])] = Start::longer;
+    for (std::size_t c = 0; c < starts.size(); ++c) {
+        if (classes[c] & opens_word)
+            starts[c] = Start::word;
+        else if (classes[c] & is_digit)
+            starts[c] = Start::digit;
+        else if (classes[c] & is_space)
+            starts[c] = Start::blank;
     }
-    if (*at == 'c' && at[1] == '"')
-        t.text = ++at;
-    if (*at == '"' || *at == '\'') {
-        t.code = token::string;
-        return stringend(at);
-    }
-    if (at[0] == '.' && at[1] == '.' && at[2] == '.') {
-        t.code = token::ellipsis;
-        return at + 3;
-    }
-    if (is(*at, opens_word)) {
-        t.code = token::identifier;
-        return skipwhile(at + 1, continues_word);
-    }
-    return at + scanoperator(at, t.code);
+    starts['c'] = Start::letter_c;  // can open a c"..." string
+    starts['.'] = Start::dot;
+    starts['-'] = Start::minus;
+    starts['"'] = starts['\''] = Start::quote;
+    starts[';'] = Start::blank;
+    starts['\0'] = Start::end;
+    return starts;
 }
 
-// A token that was pushed back, one in five, is not scanned again. Strings are: a fault in one is met each time.
-void remember(const Token &t)
+constexpr std::array<Start, 256> starts = makestarts();
+
+Start startof(char c)
 {
-    last_token = t;
-    if (t.code == token::string)
-        last_token.text = nullptr;
-    last_end = cursor;
+    return starts[static_cast<unsigned char>(c)];
+}
+
+const char *scannumber(const char *at)
+{
+    if (at[0] == '0' && at[1] == 'x')
+        return skipwhile(at + 2, is_hex);
+    return skipwhile(at + 1, continues_number);
+}
+
+const char *scanword(Token &t, const char *at)
+{
+    t.code = token::identifier;
+    return skipwhile(at + 1, continues_word);
+}
+
+// Sets the code of the token that opens at t.text and returns its end; a c"..." string drops its c.
+const char *scantoken(Token &t, const char *at, Start start)
+{
+    switch (start) {
+    case Start::word:
+        return scanword(t, at);
+    case Start::letter_c:
+        if (at[1] != '"')
+            return scanword(t, at);
+        t.text = ++at;
+        [[fallthrough]];
+    case Start::quote:
+        t.code = token::string;
+        return stringend(at);
+    case Start::dot:
+        if (at[1] != '.' || at[2] != '.')
+            return scanword(t, at);
+        t.code = token::ellipsis;
+        return at + 3;
+    case Start::minus:
+        if (!is(at[1], is_digit))
+            return at + scanoperator(at, t.code);
+        t.code = token::number;
+        return scannumber(at);
+    case Start::digit:
+        t.code = token::number;
+        return scannumber(at);
+    case Start::longer:
+        if (is(at[1], continues_operator))
+            return at + scanoperator(at, t.code);
+        [[fallthrough]];
+    default:
+        t.code = singles[static_cast<unsigned char>(*at)];
+        return at + 1;
+    }
 }
 
 }  // namespace
 
 void gettoken(Token &t)
 {
-    t.start = cursor;
-    if (cursor == last_token.text) {
-        t.text = cursor;
+    const char *at = cursor;
+    t.start = at;
+    // A token that was pushed back, one in five, is not scanned again.
+    if (at == last_text) {
+        t.text = at;
         t.lead = 0;
-        t.len = last_token.len;
-        t.code = last_token.code;
+        t.len = static_cast<std::uint16_t>(last_end - at);
+        t.code = last_code;
         cursor = last_end;
         return;
     }
-    cursor = skipblanks(cursor);
-    t.lead = static_cast<std::uint16_t>(cursor - t.start);
-    t.text = cursor;
-    if (*cursor == '\0') {
+    Start start = startof(*at);
+    if (start == Start::blank) {
+        at = skipblanks(at);
+        start = startof(*at);
+    }
+    t.lead = static_cast<std::uint16_t>(at - t.start);
+    t.text = at;
+    if (start == Start::end) {
+        cursor = at;
         t.code = token::end_of_line;
         t.len = 0;
         return;
     }
-    cursor = scantoken(t);
+    cursor = scantoken(t, at, start);
     t.len = static_cast<std::uint16_t>(cursor - t.text);
-    remember(t);
+    // Strings are scanned again: a fault in one is met each time.
+    last_text = t.code == token::string ? nullptr : t.text;
+    last_end = cursor;
+    last_code = t.code;
 }
 
 void ungettoken(const Token &t)
