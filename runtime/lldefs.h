@@ -227,26 +227,27 @@ struct _llsets_ : _lglg_ {
 
 #else
 
-/* A result as an object, so that it has an address: the one element of an array. */
-#define _LL_OBJECT_(value) (*(_lglg_[1]){value})
+/* A result as an object, so that it has an address: the one element of an array. The commas of
+   an argument such as (_lglg_){0,1} are what all of these take any number of arguments for. */
+#define _LL_OBJECT_(...) (*(_lglg_[1]){__VA_ARGS__})
 
-#define _lladd_(a, b) _LL_OBJECT_(_lladd_(a, b))
-#define _llsub_(a, b) _LL_OBJECT_(_llsub_(a, b))
-#define _llmul_(a, b) _LL_OBJECT_(_llmul_(a, b))
-#define _lldiv_(a, b) _LL_OBJECT_(_lldiv_(a, b))
-#define _lludv_(a, b) _LL_OBJECT_(_lludv_(a, b))
-#define _llmod_(a, b) _LL_OBJECT_(_llmod_(a, b))
-#define _llumd_(a, b) _LL_OBJECT_(_llumd_(a, b))
-#define _lland_(a, b) _LL_OBJECT_(_lland_(a, b))
-#define _llor_(a, b) _LL_OBJECT_(_llor_(a, b))
-#define _llxor_(a, b) _LL_OBJECT_(_llxor_(a, b))
-#define _lllsh_(a, n) _LL_OBJECT_(_lllsh_(a, n))
-#define _llrshu_(a, n) _LL_OBJECT_(_llrshu_(a, n))
-#define _llrshs_(a, n) _LL_OBJECT_(_llrshs_(a, n))
-#define _llneg_(a) _LL_OBJECT_(_llneg_(a))
-#define _llcom_(a) _LL_OBJECT_(_llcom_(a))
-#define _llinc_(a) _LL_OBJECT_(_llinc_(a))
-#define _lldec_(a) _LL_OBJECT_(_lldec_(a))
+#define _lladd_(...) _LL_OBJECT_(_lladd_(__VA_ARGS__))
+#define _llsub_(...) _LL_OBJECT_(_llsub_(__VA_ARGS__))
+#define _llmul_(...) _LL_OBJECT_(_llmul_(__VA_ARGS__))
+#define _lldiv_(...) _LL_OBJECT_(_lldiv_(__VA_ARGS__))
+#define _lludv_(...) _LL_OBJECT_(_lludv_(__VA_ARGS__))
+#define _llmod_(...) _LL_OBJECT_(_llmod_(__VA_ARGS__))
+#define _llumd_(...) _LL_OBJECT_(_llumd_(__VA_ARGS__))
+#define _lland_(...) _LL_OBJECT_(_lland_(__VA_ARGS__))
+#define _llor_(...) _LL_OBJECT_(_llor_(__VA_ARGS__))
+#define _llxor_(...) _LL_OBJECT_(_llxor_(__VA_ARGS__))
+#define _lllsh_(...) _LL_OBJECT_(_lllsh_(__VA_ARGS__))
+#define _llrshu_(...) _LL_OBJECT_(_llrshu_(__VA_ARGS__))
+#define _llrshs_(...) _LL_OBJECT_(_llrshs_(__VA_ARGS__))
+#define _llneg_(...) _LL_OBJECT_(_llneg_(__VA_ARGS__))
+#define _llcom_(...) _LL_OBJECT_(_llcom_(__VA_ARGS__))
+#define _llinc_(...) _LL_OBJECT_(_llinc_(__VA_ARGS__))
+#define _lldec_(...) _LL_OBJECT_(_lldec_(__VA_ARGS__))
 #define _llsetu_(x) _LL_OBJECT_(_ll_value_(_ll_zeros_((uint64_t)(x), sizeof(x))))
 #define _llsets_(x) _LL_OBJECT_(_ll_value_(_ll_signs_((uint64_t)(int64_t)(x), sizeof(x) < 8 ? sizeof(x) : 8)))
 

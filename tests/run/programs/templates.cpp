@@ -1,4 +1,4 @@
-// Templates: of functions, of classes, with values, specialised, recursive, with lambdas.
+// Templates: of functions, of classes, with values, with cases of their own, recursive, with lambdas.
 #include "print.h"
 
 template <typename T> const T &larger(const T &a, const T &b) { return a < b ? b : a; }
