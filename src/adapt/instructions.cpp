@@ -334,10 +334,9 @@ void copy_value_arguments(Module &module, Function &function, Tokens &tokens, st
     std::vector<Range> arguments = list_elements(tokens, list);
     for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) {
         const std::size_t attributes = behind_type(tokens, argument->begin);
+        const Tokens rest = slice(tokens, {attributes, argument->end});
         const bool by_value =
-            attributes != npos && std::any_of(tokens.begin() + static_cast<std::ptrdiff_t>(attributes),
-                                              tokens.begin() + static_cast<std::ptrdiff_t>(argument->end),
-                                              [](const Token &token) { return is(token, "byval"); });
+            std::any_of(rest.begin(), rest.end(), [](const Token &token) { return is(token, "byval"); });
         Token &operand = tokens[argument->end - 1];
         if (!by_value || operand.text.starts_with("%agg.tmp") || operand.text.starts_with("%byval-temp") ||
             operand.text.starts_with("%byval_temp")) {

@@ -347,12 +347,28 @@ void rewrite_endless(Loops &loops, std::size_t place)
     insert_block(loops, place, make_block(loops, number, start, again));
 }
 
+// How often each label is branched to without a condition.
+std::unordered_map<std::string_view, std::size_t> count_ways(const Loops &loops)
+{
+    std::unordered_map<std::string_view, std::size_t> counts;
+    for (const Block &block : loops.blocks.list) {
+        if (const std::vector<const Token *> targets = targets_of(block); targets.size() == 1) {
+            ++counts[targets[0]->text];
+        }
+    }
+    return counts;
+}
+
 void rewrite_endless_loops(Loops &loops)
 {
+    const std::unordered_map<std::string_view, std::size_t> ways = count_ways(loops);
     for (std::size_t place = loops.blocks.list.size(); place-- > 0;) {
         const std::string_view label = label_of(loops.module, loops.blocks.list[place]);
         if (begins(label, "do.body")) {
             rename_endless_do(loops, place);
+        }
+        if (!ways.contains(label)) {
+            continue;  // the body of a loop with a condition
         }
         const bool endless_for = begins(label, "for.cond") && !begins(label, "for.cond.cleanup") &&
                                  find_condition(loops.module, loops.blocks, place).first == npos;

@@ -125,7 +125,11 @@ std::size_t place_of(const Blocks &blocks, std::string_view label)
 void drop_pairs_from(Tokens &phi, const std::unordered_map<std::string_view, std::size_t> &places)
 {
     const std::vector<Pair> pairs = pairs_of(phi);
-    Tokens kept(phi.begin(), phi.begin() + static_cast<std::ptrdiff_t>(behind_type(phi, find_parts(phi).op + 1)));
+    const std::size_t type_end = behind_type(phi, find_parts(phi).op + 1);
+    if (type_end == npos) {
+        return;
+    }
+    Tokens kept = slice(phi, {0, type_end});
     const std::size_t bare = kept.size();
     for (const Pair &pair : pairs) {
         if (!places.contains(pair.label)) {
@@ -135,8 +139,8 @@ void drop_pairs_from(Tokens &phi, const std::unordered_map<std::string_view, std
             kept.push_back({Kind::punct, "", ","});
         }
         const std::size_t end = behind_bracket(phi, pair.value.begin - 1);
-        kept.insert(kept.end(), phi.begin() + static_cast<std::ptrdiff_t>(pair.value.begin) - 1,
-                    phi.begin() + static_cast<std::ptrdiff_t>(end));
+        const Tokens brackets = slice(phi, {pair.value.begin - 1, end});
+        kept.insert(kept.end(), brackets.begin(), brackets.end());
     }
     if (kept.size() > bare) {
         phi = std::move(kept);

@@ -100,8 +100,7 @@ void check(const AdaptCase &made)
 {
     const std::string directory = harness::make_directory();
     harness::write_file(directory + "/a.ll", made.code ? code_head + made.in + code_tail : made.in);
-    const harness::Result result =
-        harness::run(ADAPT_BINARY, {"-o", "out.ll", "a.ll"}, directory, seconds_for_a_case);
+    const harness::Result result = harness::run(ADAPT_BINARY, {"-o", "out.ll", "a.ll"}, directory, seconds_for_a_case);
     const std::string out = harness::read_file(directory + "/out.ll");
     const bool written = harness::file_exists(directory + "/out.ll");
     harness::remove_directory(directory);
