@@ -565,15 +565,16 @@ std::size_t shapehash(const Type *type, int nodes)
     rest.clear();
     std::size_t hash = static_cast<std::size_t>(nodes);
     while (nodes-- > 0) {
-        hash = mixed(hash, type ? type->kind : 0);
-        if (iskind(type, kind::array))
+        const std::uint8_t code = type ? type->kind : 0;
+        hash = mixed(hash, code);
+        if (code == kind::array)
             hash = mixed(hash, type->count);
-        if (isaggregate(type))
-            rest.push_back(type->members);
-        if (iskind(type, kind::pointer) || iskind(type, kind::array)) {
+        if (code == kind::pointer || code == kind::array) {
             type = type->sub;
             continue;
         }
+        if (code == kind::structure || code == kind::union_)
+            rest.push_back(type->members);
         while (!rest.empty() && !rest.back()) {
             hash = mixed(hash, 0);  // the end of an aggregate
             rest.pop_back();
