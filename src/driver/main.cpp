@@ -17,7 +17,7 @@ extern "C" void oninterrupt(int)
     std::_Exit(status::interrupted);
 }
 
-constexpr OptionSpec option_specs[] = {
+constexpr OptionPattern option_patterns[] = {
     {"h   no header", &no_header},
     {"i   no inline", &no_inline},
     {"ll  emulate long long", &long_long},
@@ -33,7 +33,7 @@ int main(int argc, char **argv)
 {
     std::signal(SIGINT, oninterrupt);
     installmemoryhandler();
-    getoptions(argc, argv, "Quarl", "file", option_specs);
+    getoptions(argc, argv, "Quarl", "file", option_patterns);
     if (argc >= 2) {
         report("convert only one source file");
         return status::failed;

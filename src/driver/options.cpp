@@ -46,7 +46,7 @@ void banner(const char *title)
     errortext(version_text);
 }
 
-[[noreturn]] void usage(const char *title, const char *file, std::span<const OptionSpec> specs)
+[[noreturn]] void usage(const char *title, const char *file, std::span<const OptionPattern> patterns)
 {
     if (file) {
         banner(title);
@@ -56,13 +56,13 @@ void banner(const char *title)
         errortext(file);
         errortext("\n");
     }
-    for (const OptionSpec &option : specs) {
-        if (*option.spec == '<')
+    for (const OptionPattern &option : patterns) {
+        if (*option.pattern == '<')
             continue;
         errortext("    ");
-        if (*option.spec != '+')
+        if (*option.pattern != '+')
             errortext("-");
-        errortext(option.spec);
+        errortext(option.pattern);
         errortext("\n");
     }
     std::exit(status::failed);
@@ -80,7 +80,7 @@ void banner(const char *title)
 
 // ---- Matching one argument --------------------------------------------------------------------------------------
 
-// What a pattern has read so far. The number is not reset from spec to spec within one argument.
+// What a pattern has read so far. The number is not reset from pattern to pattern within one argument.
 struct OptionValue {
     long number = 1;
     const char *text = nullptr;
@@ -94,7 +94,7 @@ void storelist(OptionList &list, const OptionValue &value)
     list.slots[list.free_slots] = {value.number, value.text};
 }
 
-void store(const OptionSpec &option, const OptionValue &value)
+void store(const OptionPattern &option, const OptionValue &value)
 {
     if (auto *const *list = std::get_if<OptionList *>(&option.target))
         storelist(**list, value);
@@ -131,12 +131,12 @@ const char *readnumbervalue(const char *text, long &number)
     return end;
 }
 
-// Matches `argument` against one spec. On success the target is stored and the unmatched rest of the argument is
-// returned; null if the spec doesn't fit.
-const char *matchspec(const OptionSpec &option, const char *argument, OptionValue &value, int &argc, char **&argv)
+// Matches `argument` against one pattern. On success the target is stored and the unmatched rest of the argument is
+// returned; null if the pattern doesn't fit.
+const char *matchpattern(const OptionPattern &option, const char *argument, OptionValue &value, int &argc, char **&argv)
 {
     const char *at = argument;
-    const char *pattern = option.spec;
+    const char *pattern = option.pattern;
     if (*pattern == '<')
         ++pattern;
     value.text = nullptr;
@@ -162,14 +162,14 @@ const char *matchspec(const OptionSpec &option, const char *argument, OptionValu
     return at;
 }
 
-// Matches as much of `argument` as the specs cover. Returns the unmatched rest, empty when all is matched.
-const char *matchargument(const char *argument, std::span<const OptionSpec> specs, int &argc, char **&argv)
+// Matches as much of `argument` as the patterns cover. Returns the unmatched rest, empty when all is matched.
+const char *matchargument(const char *argument, std::span<const OptionPattern> patterns, int &argc, char **&argv)
 {
     while (*argument != '\0') {
         OptionValue value;
         const char *rest = nullptr;
-        for (const OptionSpec &option : specs) {
-            rest = matchspec(option, argument, value, argc, argv);
+        for (const OptionPattern &option : patterns) {
+            rest = matchpattern(option, argument, value, argc, argv);
             if (rest)
                 break;
         }
@@ -244,7 +244,7 @@ void expandargument(const char *argument, std::vector<char *> &expanded)
 enum class Step { next, files };
 
 // Looks at the argument at *argv. Returns `files` when the options have ended there.
-Step takeargument(int &argc, char **&argv, const char *title, const char *file, std::span<const OptionSpec> specs,
+Step takeargument(int &argc, char **&argv, const char *title, const char *file, std::span<const OptionPattern> patterns,
                   bool &seen, bool &stop)
 {
     const char *argument = *argv;
@@ -259,11 +259,11 @@ Step takeargument(int &argc, char **&argv, const char *title, const char *file, 
         return Step::files;
     }
     if (std::strncmp(argument, "help", 4) == 0)
-        usage(title, file, specs);
+        usage(title, file, patterns);
     if (std::strncmp(argument, "vers", 4) == 0)
         versionline(title);
     seen = true;
-    const char *rest = matchargument(argument, specs, argc, argv);
+    const char *rest = matchargument(argument, patterns, argc, argv);
     if (*rest == '\0')
         return Step::next;
     if (!file) {
@@ -336,7 +336,7 @@ void expandargs(int &argc, char **&argv)
     std::copy(arguments.begin(), arguments.end(), argv);
 }
 
-void getoptions(int &argc, char **&argv, const char *title, const char *file, std::span<const OptionSpec> specs)
+void getoptions(int &argc, char **&argv, const char *title, const char *file, std::span<const OptionPattern> patterns)
 {
     if (!prog_name)
         setprogname(argc > 0 ? *argv : nullptr);
@@ -347,12 +347,12 @@ void getoptions(int &argc, char **&argv, const char *title, const char *file, st
             ++argv;
             --argc;
         }
-        if (argc == 0 || takeargument(argc, argv, title, file, specs, seen, stop) == Step::files)
+        if (argc == 0 || takeargument(argc, argv, title, file, patterns, seen, stop) == Step::files)
             break;
     }
     if (stop || !file)
         return;
     expandargs(argc, argv);
     if (!seen && argc == 0)
-        usage(title, file, specs);
+        usage(title, file, patterns);
 }

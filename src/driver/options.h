@@ -24,8 +24,8 @@ struct OptionList {
 //   >   the value goes to a list; ends the pattern
 //   any other character stands for itself
 // A leading `<` hides the option from the usage text. A flag stores 1.
-struct OptionSpec {
-    const char *spec;
+struct OptionPattern {
+    const char *pattern;
     std::variant<int *, const char **, OptionList *> target;
 };
 
@@ -33,7 +33,7 @@ struct OptionSpec {
 // unknown option ends the parsing and nothing is expanded). On return `argv` points at the first file argument and
 // `argc` counts the file arguments. Unknown options, bad numbers, -help, -vers and an empty command line end the
 // process with status 1.
-void getoptions(int &argc, char **&argv, const char *title, const char *file, std::span<const OptionSpec> specs);
+void getoptions(int &argc, char **&argv, const char *title, const char *file, std::span<const OptionPattern> patterns);
 
 // Derives prog_name from a path: the part behind the last slash or backslash up to the first dot, in lower case.
 void setprogname(const char *path);
