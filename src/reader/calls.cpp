@@ -170,6 +170,17 @@ Type *readparamtype()
 
 }  // namespace
 
+bool endsparams()
+{
+    Token t;
+    gettoken(t);
+    if (t.code == token::right_paren)
+        return true;
+    if (t.code != token::comma)
+        report("missing , in declare arguments");
+    return t.code == token::end_of_line;
+}
+
 // type words operand. A char that was widened to int passes as the char.
 Expr *readparam(Block *block)
 {

@@ -213,17 +213,9 @@ Symbol *readheaderparams()
         return nullptr;
     unnamed_params = 0;
     List<Symbol> parameters{};
-    for (;;) {
+    do
         append(parameters, readparam());
-        Token t;
-        gettoken(t);
-        if (t.code == token::right_paren)
-            break;
-        if (t.code != token::comma)
-            report("missing , in declare arguments");
-        if (t.code == token::end_of_line)
-            break;
-    }
+    while (!endsparams());
     return parameters.head;
 }
 

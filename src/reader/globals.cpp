@@ -283,18 +283,10 @@ Symbol *readdeclareparameters()
     if (acceptif(token::right_paren))
         return nullptr;
     List<Symbol> parameters{};
-    for (;;) {
+    do {
         append(parameters, newsym(nullptr, readtype()));
         readwords();
-        Token t;
-        gettoken(t);
-        if (t.code == token::right_paren)
-            break;
-        if (t.code != token::comma)
-            report("missing , in declare arguments");
-        if (t.code == token::end_of_line)
-            break;
-    }
+    } while (!endsparams());
     return parameters.head;
 }
 

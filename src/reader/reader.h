@@ -116,6 +116,9 @@ Expr *readparam(Block *block);
 // One parameter of a function header; unnamed ones are numbered from unnamed_params.
 Symbol *readparam();
 extern std::uint32_t unnamed_params;
+// Takes the token behind a parameter of a declaration or a header. Returns whether the list has ended, at ")" or with
+// the line; anything but a comma is reported.
+bool endsparams();
 extern bool after_invoke;  // an invoke was read and its `to` line is due
 
 // ---- Branches (branches.cpp) ------------------------------------------------------------------------------------
