@@ -123,7 +123,7 @@ std::size_t chunk_capacity;  // entries of pool::chunks
 
 std::size_t aligned(std::size_t size, std::size_t alignment)
 {
-    return (size + alignment - 1) / alignment * alignment;
+    return (size + alignment - 1) & ~(alignment - 1);
 }
 
 void growchunktable()
@@ -191,7 +191,7 @@ void *poolalloc(std::size_t size)
 void *recordalloc(std::size_t size, std::size_t alignment)
 {
     // Chunks are aligned to more than any record, so what is left of one tells how its next byte is aligned.
-    std::size_t skipped = record_left % alignment;
+    std::size_t skipped = record_left & (alignment - 1);
     if (size + skipped > record_left) {
         startchunk();
         skipped = 0;
