@@ -262,7 +262,6 @@ private:
 struct Name {
     const char *text;       // NUL-terminated
     std::uint32_t length;   // of the text
-    std::uint32_t hash;     // of the text
     Ref<Symbol> variable;   // first entry of this name in `variables`
     Ref<Symbol> prototype;  // first entry in `prototypes`
     Ref<Symbol> function;   // first entry in `functions`

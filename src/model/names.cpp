@@ -18,8 +18,13 @@ Record *newrecord()
     return new (recordalloc(sizeof(Record), alignof(Record))) Record{};
 }
 
-// Open addressing with linear probing; the capacity is a power of two and at most half of it is in use.
-constinit std::vector<Name *> name_table;
+// Open addressing with linear probing; the capacity is a power of two and at most half of it is in use. The hash stands
+// beside the link, so that a probe rarely has to look at a name of another text.
+struct NameSlot {
+    std::uint32_t hash;
+    Ref<Name> name;
+};
+constinit std::vector<NameSlot> name_table;
 std::size_t name_count;
 constexpr std::size_t first_capacity = std::size_t{1} << 12;
 
@@ -46,24 +51,24 @@ std::uint32_t hashtext(std::string_view text)
 
 void growtable()
 {
-    std::vector<Name *> old(name_table.empty() ? first_capacity : name_table.size() * 2);
+    std::vector<NameSlot> old(name_table.empty() ? first_capacity : name_table.size() * 2);
     old.swap(name_table);
-    for (Name *name : old) {
-        if (!name)
+    const std::size_t mask = name_table.size() - 1;
+    for (const NameSlot &slot : old) {
+        if (!slot.name.place)
             continue;
-        std::size_t place = name->hash & (name_table.size() - 1);
-        while (name_table[place])
-            place = (place + 1) & (name_table.size() - 1);
-        name_table[place] = name;
+        std::size_t place = slot.hash & mask;
+        while (name_table[place].name.place)
+            place = (place + 1) & mask;
+        name_table[place] = slot;
     }
 }
 
-Name *newname(std::string_view text, std::uint32_t hash)
+Name *newname(std::string_view text)
 {
     Name *name = newrecord<Name>();
     name->text = keeptext(text);
     name->length = static_cast<std::uint32_t>(text.size());
-    name->hash = hash;
     return name;
 }
 
@@ -128,18 +133,21 @@ Name *intern(std::string_view text)
     const std::uint32_t hash = hashtext(text);
     const std::size_t mask = name_table.size() - 1;
     std::size_t place = hash & mask;
-    for (; name_table[place]; place = (place + 1) & mask) {
-        Name *name = name_table[place];
-        if (name->hash == hash && nametext(name) == text)
-            return name;
+    for (; name_table[place].name.place; place = (place + 1) & mask) {
+        const NameSlot &slot = name_table[place];
+        if (slot.hash == hash && nametext(slot.name) == text)
+            return slot.name;
     }
     ++name_count;
-    return name_table[place] = newname(text, hash);
+    Name *name = newname(text);
+    name_table[place].hash = hash;
+    name_table[place].name = name;
+    return name;
 }
 
 Name *privatename(std::string_view text)
 {
-    return newname(text, 0);
+    return newname(text);
 }
 
 std::uint32_t number(std::string_view text)
