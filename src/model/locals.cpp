@@ -8,8 +8,7 @@
 
 #include <algorithm>
 #include <map>
-#include <memory>
-#include <numeric>
+#include <new>
 
 namespace {
 
@@ -18,8 +17,8 @@ constexpr std::uint32_t order_step = 3;
 struct LocalIndex {
     std::uint32_t epoch = 0;  // Name::local is valid for this one only
     std::uint32_t next_order = 0;
-    std::vector<std::unique_ptr<LocalName>> pool;  // entries of all epochs, used again
-    std::size_t taken = 0;                         // entries of this epoch
+    std::vector<LocalName *> pool;  // entries of all epochs, used again
+    std::size_t taken = 0;          // entries of this epoch
     std::vector<Inst *> jumps;
     std::vector<Inst *> statements;            // appended ones; next_live leads over those that are none any more
     std::vector<std::uint32_t> next_live;      // disjoint sets: an entry that leads to itself is a statement
@@ -34,9 +33,10 @@ bool byorder(std::uint32_t order, const Inst *instruction)
     return order < instruction->order;
 }
 
-void insertbyorder(std::vector<Inst *> &insts, Inst *instruction)
+void insertbyorder(ShortList<Inst> &insts, Inst *instruction)
 {
-    insts.insert(upto(insts, instruction->order), instruction);
+    Inst *const *place = upto(insts.begin(), insts.end(), instruction->order);
+    insts.insert(static_cast<std::size_t>(place - insts.begin()), instruction);
 }
 
 // The first entry from `place` on that is still a statement; the end of the list if there is none.
@@ -70,7 +70,7 @@ void notestatement(Inst *statement)
         return;
     // The assignment of a plain name to itself never folds.
     if (!isop(store->left, op::leaf) || !sameoperand(store->left, store->right))
-        localname(statement->expr->value).stores.push_back(statement);
+        localname(statement->expr->value).stores.append(statement);
 }
 
 // x for x.addr, else null.
@@ -87,12 +87,12 @@ void enter(Inst *instruction)
     switch (instruction->op) {
     case inst::local:
         if (Name *owner = slotowner(instruction->name))
-            localname(owner).slots.push_back(instruction);
+            localname(owner).slots.append(instruction);
         [[fallthrough]];
     case inst::value:
     case inst::phi:
         if (instruction->name)
-            localname(instruction->name).named.push_back(instruction);
+            localname(instruction->name).named.append(instruction);
         break;
     case inst::statement:
         notestatement(instruction);
@@ -130,7 +130,7 @@ LocalName &localname(Name *name)
     if (name->local_epoch == locals->epoch)
         return *name->local;
     if (locals->taken == locals->pool.size())
-        locals->pool.push_back(std::make_unique<LocalName>());
+        locals->pool.push_back(new (poolalloc(sizeof(LocalName))) LocalName{});
     LocalName &entry = *locals->pool[locals->taken++];
     entry.named.clear();
     entry.stores.clear();
@@ -162,20 +162,21 @@ void indexchain(Inst *last)
         enter(*at);
 }
 
-std::vector<Inst *>::const_iterator upto(const std::vector<Inst *> &insts, std::uint32_t order)
+Inst *const *upto(Inst *const *first, Inst *const *last, std::uint32_t order)
 {
     // While a function is read the newest is nearly always the one.
-    if (insts.empty() || insts.back()->order <= order)
-        return insts.end();
-    return std::upper_bound(insts.begin(), insts.end(), order, byorder);
+    if (first == last || last[-1]->order <= order)
+        return last;
+    return std::upper_bound(first, last, order, byorder);
 }
 
 bool nojumpbetween(std::uint32_t older, std::uint32_t newer)
 {
-    auto at = upto(locals->jumps, newer);
-    while (at != locals->jumps.begin() && (*std::prev(at))->op != inst::jump)
+    Inst *const *first = locals->jumps.data();
+    Inst *const *at = upto(first, first + locals->jumps.size(), newer);
+    while (at != first && at[-1]->op != inst::jump)
         --at;  // one that closes a loop now
-    return at == locals->jumps.begin() || (*std::prev(at))->order <= older;
+    return at == first || at[-1]->order <= older;
 }
 
 Inst *nextstatement(const Inst *from)

@@ -3,8 +3,8 @@
 
 #include "model/model.h"
 
-// The newest Inst of `insts` that is not newer than `order`, as an iterator behind it; begin() if there is none.
-std::vector<Inst *>::const_iterator upto(const std::vector<Inst *> &insts, std::uint32_t order);
+// Behind the newest of the Insts from `first` to `last` that is not newer than `order`; `first` if there is none.
+Inst *const *upto(Inst *const *first, Inst *const *last, std::uint32_t order);
 
 // Whether no jump stands between the Inst of order `older` and the one of order `newer`, the newer one included.
 bool nojumpbetween(std::uint32_t older, std::uint32_t newer);

@@ -5,6 +5,7 @@
 
 #include "driver/driver.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -548,12 +549,49 @@ bool sameoperand(const Expr *a, const Expr *b);
 
 // ---- Locals and temporaries (locals.cpp, temporaries.cpp) --------------------------------------------------------
 
+// A list with room for one entry in place: most names stand for one thing of a kind. What a list has taken from the
+// pool stays its own when it is cleared, so clearing and filling it again costs no memory.
+template <class Record>
+struct ShortList {
+    union {
+        Record *single;
+        Record **many;
+    };
+    std::uint32_t count;
+    std::uint32_t capacity;  // of `many`; 0 while the entry stands in place
+
+    Record *const *begin() const { return capacity ? many : &single; }
+    Record *const *end() const { return begin() + count; }
+    void clear() { count = 0; }
+    // Enters `record` in front of the entry at `place`, counted from 0 and at most `count`.
+    void insert(std::size_t place, Record *record)
+    {
+        if (count == std::max(capacity, 1U))
+            grow();
+        Record **entries = capacity ? many : &single;
+        std::copy_backward(entries + place, entries + count, entries + count + 1);
+        entries[place] = record;
+        ++count;
+    }
+    void append(Record *record) { insert(count, record); }
+
+private:
+    void grow()
+    {
+        const std::uint32_t larger = count * 4;
+        auto **entries = static_cast<Record **>(poolalloc(larger * sizeof(Record *)));
+        std::copy(begin(), end(), entries);
+        many = entries;
+        capacity = larger;
+    }
+};
+
 // What one name stands for in the function at hand; each list in the order of the Insts or Blocks.
 struct LocalName {
-    std::vector<Inst *> named;    // values, phis and locals of this name
-    std::vector<Inst *> stores;   // statements that store the local of this name
-    std::vector<Inst *> slots;    // locals of this name with ".addr" behind it
-    std::vector<Block *> blocks;  // blocks with this label, while a body is written
+    ShortList<Inst> named;    // values, phis and locals of this name
+    ShortList<Inst> stores;   // statements that store the local of this name
+    ShortList<Inst> slots;    // locals of this name with ".addr" behind it
+    ShortList<Block> blocks;  // blocks with this label, while a body is written
 };
 
 // Starts the index of a function, empty; the index of the function before is gone.

@@ -17,7 +17,6 @@
 #include "driver/driver.h"
 
 #include <charconv>
-#include <iterator>
 #include <string>
 
 Name *unusedname(std::uint32_t number)
@@ -169,12 +168,12 @@ Expr *postop(Inst *definition)
 // ---- The search -------------------------------------------------------------------------------------------------
 
 // The newest Inst up to `order` of a list, or null. One that closes a loop is no definition any more.
-Inst *newest(const std::vector<Inst *> &insts, std::uint32_t order)
+Inst *newest(const ShortList<Inst> &insts, std::uint32_t order)
 {
-    auto at = upto(insts, order);
-    while (at != insts.begin() && (*std::prev(at))->op == inst::loop_close)
+    Inst *const *at = upto(insts.begin(), insts.end(), order);
+    while (at != insts.begin() && at[-1]->op == inst::loop_close)
         --at;
-    return at == insts.begin() ? nullptr : *std::prev(at);
+    return at == insts.begin() ? nullptr : at[-1];
 }
 
 bool isolder(const Inst *a, const Inst *b)
@@ -186,7 +185,7 @@ bool isolder(const Inst *a, const Inst *b)
 // behind `definition`, and is not the assignment of a thing to itself.
 Inst *foldablestore(const LocalName &local, const Inst *definition, std::uint32_t order)
 {
-    auto at = upto(local.stores, order);
+    Inst *const *at = upto(local.stores.begin(), local.stores.end(), order);
     while (at != local.stores.begin()) {
         Inst *store = *--at;
         if (!isolder(definition, store) || !nojumpbetween(store->order, order))

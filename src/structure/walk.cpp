@@ -60,7 +60,7 @@ void indexblocks(WalkState &state)
     for (Block *block = state.firstblock; block; block = block->next) {
         block->position = position++;
         if (block->label)
-            localname(block->label).blocks.push_back(block);
+            localname(block->label).blocks.append(block);
         if (block->last)
             state.lastinst = block->last;
     }
