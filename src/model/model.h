@@ -390,8 +390,9 @@ Block *newblock();
 Inst *newinst();
 Meta *newmeta();
 
-// Forgets an address-of that was just made and that nothing holds: nearly every load and store strips one.
-void dropaddress(const Expr *address);
+// Forgets an expression that was just made and that nothing holds: the address-of that a load or store strips, the
+// leaf of an operand that gave way to its definition. One that another record was made behind stays.
+void dropexpr(const Expr *expr);
 
 // A number leaf of the type int with the given text.
 Expr *newnumber(std::string_view text);

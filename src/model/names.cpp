@@ -98,9 +98,9 @@ Expr *newexpr(std::uint8_t op, Type *type)
     return expr;
 }
 
-void dropaddress(const Expr *address)
+void dropexpr(const Expr *expr)
 {
-    recordundo(address, sizeof *address);
+    recordundo(expr, sizeof *expr);
 }
 
 Block *newblock()

@@ -27,7 +27,7 @@ Expr *dereference(Expr *pointer, Type *type)
 Expr *stripaddress(const Expr *address)
 {
     Expr *thing = address->left;
-    dropaddress(address);
+    dropexpr(address);
     return thing;
 }
 

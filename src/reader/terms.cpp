@@ -51,7 +51,13 @@ Expr *readlocal(Expr *node, Block *block)
         node->slot = block != nullptr;
     }
     makeleaf(node, leaf::local, text);
-    return block ? substitute(node, block) : node;
+    if (!block)
+        return node;
+    Expr *tree = substitute(node, block);
+    // What substitution made to hold the leaf was made behind it, and then the leaf stays.
+    if (tree != node)
+        dropexpr(node);
+    return tree;
 }
 
 // ---- Address computations ---------------------------------------------------------------------------------------
