@@ -77,12 +77,14 @@ inline bool endsin(const Block *block, std::uint8_t op)
 {
     return block->last && block->last->op == op;
 }
-// The branch pair of an Inst, null if it has none.
+// The branch pair of an Inst, null if it has none. A switch has one if it was prepared for a phi; its cases are told
+// apart from it by their label.
 inline Expr *branchpair(const Inst *instruction)
 {
-    if (!instruction || instruction->op == inst::switch_)
+    if (!instruction)
         return nullptr;
-    return instruction->targets;
+    Expr *pair = instruction->targets;
+    return pair && pair->label ? nullptr : pair;
 }
 // A store, a call without a result, or a call whose result nobody uses.
 inline bool isstatement(const Inst *instruction)
