@@ -14,20 +14,21 @@
 #include <queue>
 #include <set>
 #include <unordered_map>
+#include <utility>
 
 // ---- Prototypes and aliases -------------------------------------------------------------------------------------
 
 namespace {
 
-// The symbols of a list by name, in list order.
-using SymbolsByName = std::unordered_map<const Name *, std::vector<std::pair<std::size_t, Symbol *>>>;
+// The symbols of a list by name, in list order: each with its place in the list.
+using SymbolsByName = std::unordered_map<const Name *, std::set<std::pair<std::size_t, Symbol *>>>;
 
 SymbolsByName byname(const List<Symbol> &list)
 {
     SymbolsByName symbols;
     std::size_t place = 0;
     for (Symbol *symbol = list.head; symbol; symbol = symbol->next)
-        symbols[symbol->name].emplace_back(place++, symbol);
+        symbols[symbol->name].emplace(place++, symbol);
     return symbols;
 }
 
@@ -37,18 +38,16 @@ void renamefirst(SymbolsByName &symbols, const Name *from, Name *to)
     const auto entry = symbols.find(from);
     if (entry == symbols.end() || entry->second.empty())
         return;
-    const auto renamed = entry->second.front();
-    entry->second.erase(entry->second.begin());
-    renamed.second->name = to;
-    auto &others = symbols[to];
-    others.insert(std::upper_bound(others.begin(), others.end(), renamed), renamed);
+    auto renamed = entry->second.extract(entry->second.begin());
+    renamed.value().second->name = to;
+    symbols[to].insert(std::move(renamed));
 }
 
 // Makes the look-up of a list by name agree with the names that its symbols have now.
 void refreshfirst(const SymbolsByName &symbols, Ref<Symbol> Name::*first)
 {
     for (const auto &[name, entries] : symbols)
-        const_cast<Name *>(name)->*first = entries.empty() ? nullptr : entries.front().second;
+        const_cast<Name *>(name)->*first = entries.empty() ? nullptr : entries.begin()->second;
 }
 
 void renamealiases()

@@ -239,10 +239,12 @@ Block *incrementblock(WalkState &state)
     const auto entry = state.increments.find(state.block->label);
     if (entry == state.increments.end())
         return nullptr;
-    for (Block *block : entry->second)
-        if (block->position > state.block->position && labelbegins(block, "for.inc") &&
-            block->last->name == state.block->label)
-            return block;
+    const auto &blocks = entry->second;
+    auto at = std::partition_point(blocks.begin(), blocks.end(),
+                                   [&state](const Block *block) { return block->position <= state.block->position; });
+    for (; at != blocks.end(); ++at)
+        if (labelbegins(*at, "for.inc") && (*at)->last->name == state.block->label)
+            return *at;
     return nullptr;
 }
 
