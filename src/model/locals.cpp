@@ -39,12 +39,18 @@ void insertbyorder(ShortList<Inst> &insts, Inst *instruction)
     insts.insert(static_cast<std::size_t>(place - insts.begin()), instruction);
 }
 
-// The first entry from `place` on that is still a statement; the end of the list if there is none.
+// The first entry from `place` on that is still a statement; the end of the list if there is none. An entry that has
+// got another op since is led around from now on.
 std::uint32_t livefrom(std::uint32_t place)
 {
     std::uint32_t root = place;
-    while (root < locals->statements.size() && locals->next_live[root] != root)
+    while (root < locals->statements.size()) {
+        if (locals->next_live[root] == root && locals->statements[root]->op == inst::statement)
+            break;
+        if (locals->next_live[root] == root)
+            ++locals->next_live[root];
         root = locals->next_live[root];
+    }
     while (place < locals->statements.size() && locals->next_live[place] != root) {
         const std::uint32_t next = locals->next_live[place];
         locals->next_live[place] = root;
@@ -183,23 +189,16 @@ Inst *nextstatement(const Inst *from)
 {
     const std::uint32_t place = livefrom(statementplace(from->order));
     Inst *found = place < locals->statements.size() ? locals->statements[place] : nullptr;
-    const auto temporary = locals->inserted.lower_bound(from->order);
+    auto temporary = locals->inserted.lower_bound(from->order);
+    while (temporary != locals->inserted.end() && temporary->second->op != inst::statement)
+        temporary = locals->inserted.erase(temporary);
     if (temporary != locals->inserted.end() && (!found || temporary->first < found->order))
         found = temporary->second;
     return found && found->block == from->block ? found : nullptr;
 }
 
-void forgetstatement(const Inst *statement)
-{
-    if (locals->inserted.erase(statement->order))
-        return;
-    const std::uint32_t place = statementplace(statement->order);
-    locals->next_live[place] = place + 1;
-}
-
 void notefolded(Inst *store)
 {
-    forgetstatement(store);
     insertbyorder(localname(store->name).named, store);
 }
 

@@ -12,9 +12,6 @@ bool nojumpbetween(std::uint32_t older, std::uint32_t newer);
 // The first Inst of op `statement` in the block of `from`, from `from` on, or null.
 Inst *nextstatement(const Inst *from);
 
-// A statement has got another op: it is found no more.
-void forgetstatement(const Inst *statement);
-
 // A store was folded into a use and is a value from now on, of the name that it has.
 void notefolded(Inst *store);
 

@@ -44,10 +44,8 @@ Expr *addressof(Expr *operand)
 Inst *absorbstatement(const Inst *from)
 {
     Inst *statement = nextstatement(from);
-    if (statement) {
+    if (statement)
         statement->op = inst::absorbed;
-        forgetstatement(statement);
-    }
     return statement;
 }
 
