@@ -396,7 +396,10 @@ void philoop(WalkState &state, Expr *tree)
 void handlephi(WalkState &state)
 {
     Expr *tree = state.inst->expr;
-    if (state.joinstate == join::none)
+    // An empty block behind the phi that was prepared for another one has taken the tree for its condition.
+    if (!tree)
+        report("unexpected direct phi construct %s", state.block->label ? state.block->label->text : nullptr);
+    else if (state.joinstate == join::none)
         philoop(state, tree);
     else if (iskind(tree->type, kind::boolean))
         phichain(state, tree);
