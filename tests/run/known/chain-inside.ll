@@ -6,21 +6,18 @@ entry:
   %tobool = icmp ne i32 %0, 0
   br i1 %tobool, label %land.rhs, label %land.end3
 land.rhs:
-  %1 = load i32, i32* @a
-  %cmp = icmp slt i32 %1, 5
+  %cmp = icmp slt i32 %0, 5
   br i1 %cmp, label %land.rhs1, label %land.end
 land.rhs1:
-  %2 = load i32, i32* @a
-  %cmp1 = icmp sgt i32 %2, 0
+  %cmp1 = icmp sgt i32 %0, 0
   br label %land.end
 land.end:
-  %3 = phi i1 [ false, %land.rhs ], [ %cmp1, %land.rhs1 ]
-  %ext = zext i1 %3 to i32
-  %4 = load i32, i32* @a
-  %cmp2 = icmp eq i32 %ext, %4
+  %1 = phi i1 [ false, %land.rhs ], [ %cmp1, %land.rhs1 ]
+  %ext = zext i1 %1 to i32
+  %cmp2 = icmp eq i32 %ext, %0
   br label %land.end3
 land.end3:
-  %5 = phi i1 [ false, %entry ], [ %cmp2, %land.end ]
-  %conv = zext i1 %5 to i32
+  %2 = phi i1 [ false, %entry ], [ %cmp2, %land.end ]
+  %conv = zext i1 %2 to i32
   ret i32 %conv
 }

@@ -4,8 +4,7 @@ define i32 @main() #0 {
 entry:
   %0 = load float, float* @x
   %add = fadd float %0, 0x3E40000000000000
-  %1 = load float, float* @x
-  %cmp = fcmp oeq float %add, %1
+  %cmp = fcmp oeq float %add, %0
   %conv = zext i1 %cmp to i32
   ret i32 %conv
 }

@@ -1,8 +1,6 @@
 ; Under -ll an i1 that is extended to 64 bits stays an int, so it can't be an argument of that type.
 define i32 @f(i64 %a) {
 entry:
-  %a.addr = alloca i64
-  store i64 %a, i64* %a.addr
   ret i32 3
 }
 define i32 @main() {

@@ -1,4 +1,4 @@
-// Classes: virtual functions, several bases, construction and destruction in order.
+// Classes: virtual functions, several bases, construction and destruction in order, operators, members by pointer.
 #include "print.h"
 
 static long long place[4];
@@ -12,7 +12,6 @@ struct Shape {
     virtual ~Shape() { put("~shape", --alive); }
     virtual int area() const = 0;
     virtual const char *name() const { return "shape"; }
-    int twice() const { return area() * 2; }
 };
 int Shape::alive;
 struct Rectangle : Shape {
@@ -31,11 +30,7 @@ struct Printer {
 struct Counter {
     int count = 5;
     virtual int next() { return ++count; }
-    Counter &operator+=(int step)
-    {
-        count += step;
-        return *this;
-    }
+    Counter &operator+=(int step) { return count += step, *this; }
     Counter operator++(int)
     {
         Counter old = *this;
@@ -48,20 +43,15 @@ struct Logger : Printer, Counter {
     void print(const char *what) override { put(what, next()); }
     int next() override { return Counter::next() * 10; }
 };
-static int use(Shape &s, long long Shape::*member)
-{
-    put(s.name(), s.area());
-    return s.twice() + (int)(s.*member);
-}
 
 int main()
 {
     {
         Rectangle r(3, 4);
         Square small(2), large(5);
-        Shape *all[3];
-        all[0] = &r, all[1] = &small, all[2] = &large;
-        for (Shape *s : all) put("use", use(*s, &Shape::id));
+        Shape *all[] = {&r, &small, &large};
+        long long Shape::*member = &Shape::id;
+        for (Shape *s : all) put(s->name(), s->area() + (int)(s->*member));
     }
     Shape *kept = new (place) Square(7);
     delete kept;

@@ -1,19 +1,9 @@
-// && and || and ?: in every place, and in what order their operands are evaluated.
+// && and || and ?: in every place, and in what order their operands are evaluated; commas; results that are addresses.
 #include "print.h"
 
 static int calls;
-static bool yes(int n)
-{
-    put("yes", n);
-    calls++;
-    return true;
-}
-static bool no(int n)
-{
-    put("no", n);
-    calls--;
-    return false;
-}
+static bool yes(int n) { return put("yes", n), calls++, true; }
+static bool no(int n) { return put("no", n), calls--, false; }
 static int sign(int n) { return n < 0 ? -1 : n > 0 ? 1 : 0; }
 static bool leap(int year) { return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0; }
 static int grade(int n)
@@ -23,9 +13,14 @@ static int grade(int n)
     else if (n == 85 || (n < 10 && n >= 5)) return 'X';
     return 'F';
 }
+struct Pair {
+    int a, b;
+};
+static Pair pair;
+static Pair *address() { return calls++, &pair; }
+static Pair &reference() { return ++calls, pair; }
 static int clamp(int n, int low, int high) { return n < low ? low : n > high ? high : n; }
-static const int years[] = {1900, 1996, 2000, 2023};
-static const int grades[] = {95, 82, 85, 7, 3};
+static const int years[] = {1900, 1996, 2000, 2023}, grades[] = {95, 82, 85, 7, 3};
 
 int main()
 {
@@ -49,5 +44,7 @@ int main()
     put("i", i), put("choice", (b ? 1 : 2) + (c ? 10 : 20)), put(c ? "true" : "false", b ? i : calls);
     int *p = 0, q = 4;
     put("guard", p && *p), put("guard", (p = &q) && *p == 4), put("set", (c ? q : i) = 9), put("q", q);
+    address()->b += 2, reference().a++, ++address()->a, put("a", pair.a), put("b", pair.b), put("calls", calls);
+    put("step", calls ? q-- : 0), put("comma", q > 9 ? (q = 1, 2) : (q = 7, q + 1)), put("q", q);
     return (b || c) && !d ? 3 : 4;
 }

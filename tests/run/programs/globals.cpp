@@ -1,6 +1,7 @@
 // Objects that live as long as the program: in the order of their priorities and of their definitions, and back.
 #include "print.h"
 
+namespace {
 struct Tracer {
     const char *name;
     long long order;
@@ -9,6 +10,7 @@ struct Tracer {
     ~Tracer() { put(name, -(int)order); }
 };
 int Tracer::next;
+}  // namespace
 static int twice(int n) { return 2 * n; }
 extern int later;
 static int earlier = twice(later);
@@ -19,18 +21,8 @@ int later = twice(21);
 static Tracer last("last");
 static const Tracer &reference = last;
 static int *const pointer = &later;
-namespace {
-struct Table {
-    int squares[5];
-    Table()
-    {
-        for (int i = 0; i < 5; i++) squares[i] = i * i;
-    }
-} table;
-}  // namespace
 __attribute__((constructor(150))) static void before() { put("constructor", Tracer::next); }
 __attribute__((destructor)) static void behind() { put("destructor", Tracer::next); }
-
 static Tracer &local()
 {
     static Tracer tracer("local");
@@ -39,7 +31,7 @@ static Tracer &local()
 
 int main()
 {
-    put("main", earlier + later + *pointer), put("square", table.squares[3]);
+    put("main", earlier + later + *pointer);
     put(local().name, (int)local().order), put(reference.name, (int)reference.order);
     Tracer here("here");
     return twice(Tracer::next);

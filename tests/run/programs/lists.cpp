@@ -1,44 +1,63 @@
-// Linked lists and trees: insertion, removal through links, reversal, traversal with and without recursion.
+// Lists and trees on a heap of its own behind operator new and delete: first fit, with neighbours joined again.
 #include "print.h"
+
+struct Block {
+    Block *next;
+    unsigned size;
+    bool used;
+};
+static long long arena[64];
+static Block *const first = (Block *)arena;
+static const unsigned head = sizeof(Block);
+
+static int at(const void *place) { return (int)((const char *)place - (const char *)arena); }
+void *operator new(__SIZE_TYPE__ size)
+{
+    size = (size + 7) & ~7u;
+    for (Block *b = first; b; b = b->next) {
+        if (b->used || b->size < size) continue;
+        if (b->size >= size + head + 8) {
+            Block *rest = (Block *)((char *)(b + 1) + size);
+            rest->next = b->next, rest->size = b->size - size - head, rest->used = false;
+            b->next = rest, b->size = size;
+        }
+        put("new", at(b + 1)), b->used = true;
+        return b + 1;
+    }
+    put("full", (int)size);
+    return 0;
+}
+void operator delete(void *object) noexcept
+{
+    put("delete", at(object)), ((Block *)object - 1)->used = false;
+    for (Block *b = first; b; b = b->next)
+        while (!b->used && b->next && !b->next->used) b->size += head + b->next->size, b->next = b->next->next;
+}
+void *operator new[](__SIZE_TYPE__ size) { return operator new(size); }
+void operator delete[](void *object) noexcept { operator delete(object); }
 
 struct Node {
     int value;
-    Node *next, *left, *right;
+    Node *left, *right, *next = 0;
+    Node(int v, Node *n = 0) : value(v), left(0), right(0), next(n) {}
+    ~Node() { put("node", value); }
 };
-static Node pool[40];
-static int used;
-static Node *make(int value)
-{
-    Node *node = &pool[used++];
-    node->value = value;
-    return node;
-}
 static void insert_sorted(Node **link, int value)
 {
     while (*link && (*link)->value < value) link = &(*link)->next;
-    Node *node = make(value);
-    node->next = *link, *link = node;
-}
-static Node *reverse(Node *list)
-{
-    Node *done = 0;
-    while (list) {
-        Node *next = list->next;
-        list->next = done, done = list, list = next;
-    }
-    return done;
+    *link = new Node(value, *link);
 }
 static int remove_even(Node **link)
 {
     int count = 0;
     while (Node *node = *link)
-        if (node->value % 2 == 0) *link = node->next, count++;
+        if (node->value % 2 == 0) *link = node->next, count++, delete node;
         else link = &node->next;
     return count;
 }
 static Node *insert(Node *tree, int value)
 {
-    if (!tree) return make(value);
+    if (!tree) return new Node(value);
     if (value < tree->value) tree->left = insert(tree->left, value);
     else if (value > tree->value) tree->right = insert(tree->right, value);
     return tree;
@@ -57,17 +76,19 @@ static Node *list, *tree;
 
 int main()
 {
-    for (int i = 0; i < 9; i++) insert_sorted(&list, i * 7 % 10);
-    list = reverse(list);
+    first->size = sizeof(arena) - head;
+    for (int i = 0; i < 7; i++) insert_sorted(&list, i * 7 % 10);
     for (Node *node = list; node; node = node->next) put("list", node->value);
     put("removed", remove_even(&list)), put("first", list->value), put("second", list->next->value);
-    for (int i = 0; i < 20; i++) tree = insert(tree, i * 11 % 23 + 1);
-    put("depth", walk(tree, show)), put64("sum", sum);
-    Node *queue[32], **head = queue, **tail = queue;
-    for (*tail++ = tree; head != tail; head++) {
-        put("breadth", (*head)->value);
-        if ((*head)->left) *tail++ = (*head)->left;
-        if ((*head)->right) *tail++ = (*head)->right;
+    for (int i = 0; i < 9; i++) tree = insert(tree, i * 11 % 13 + 1);
+    char *text = new char[20];
+    text[19] = 'a', put("text", text[19]), put("depth", walk(tree, show)), put64("sum", sum);
+    put("none", operator new(300) == 0), delete[] text;
+    while (list) {
+        Node *next = list->next;
+        delete list;
+        list = next;
     }
+    for (Block *b = first; b; b = b->next) put("block", (int)b->size);
     return tree->value;
 }

@@ -1,4 +1,4 @@
-// Loops of every kind, with every way out of them.
+// Loops of every kind, with every way out of them, also past destructors.
 #include "print.h"
 
 static const int grid[3][4] = {{1, 2, 3, 4}, {5, -1, 6, 7}, {8, 9, 10, 11}};
@@ -25,8 +25,9 @@ static int forever(int n)
         n -= 9;
         if (n == 50) return n;
     } while (n > 60);
-    while (true)
-        if (--n < 40) break;
+    if (n > 55)
+        while (true)
+            if (--n < 40) return n;
     return n;
 }
 static int jumps(int n)
@@ -35,20 +36,41 @@ static int jumps(int n)
 again:
     sum += n;
     if (--n > 0) goto again;
-    for (int i = 0, j = 10; i < j; i++, j--) {
+    for (int i = 0, j = 10; i < j; i++, sum += i * j--)
         for (int k = 0; k < 5; k++) {
             if (i * k > 6) goto out;
             sum += k;
         }
-        sum += i * j;
-    }
 out:
     return sum;
+}
+static void drain(int n)
+{
+    for (; n > 0; n -= 3)
+        if (put("drain", n), n == 4) break;
+}
+struct Guard {
+    int n;
+    Guard(int at) : n(at) {}
+    ~Guard() { put("guard", n); }
+};
+static int cleanup(int n)
+{
+    Guard outer(10);
+    for (int i = 0; i < n; i++) {
+        Guard inner(i);
+        if (i == 1) continue;
+        if (i == 2) break;
+        if (i == n - 1) return i;
+        put("cleanup", i);
+    }
+    return -1;
 }
 
 int main()
 {
-    for (int n = 1; n < 20; n += 3) put("forever", forever(n)), put("jumps", jumps(n)), put("search", search(n));
+    for (int n = 1; n < 20; n += 3)
+        put("forever", forever(n)), put("jumps", jumps(n)), put("search", search(n)), drain(n);
     int i = 10, j, a = 0, b = 0;
     do put("do", i);
     while (i-- > 7);
@@ -57,13 +79,13 @@ int main()
         for (i = j; i < 3; ++i) put("nested", i * 10 + j);
     do {
         do {
-            a++;
-            if (a % 4 == 0) continue;
+            if (++a % 4 == 0) continue;
             b += a;
         } while (a % 5);
         put("inner", b);
     } while (b < 50);
     for (unsigned char c = 250; c > 5; c++) put("byte", c);
     for (char c : "range") put("char", c);
+    for (i = 0; i < 5; i++) put("returned", cleanup(i));
     return a;
 }

@@ -14,10 +14,8 @@ static int fold(Operation *f, const int *from, const int *to)
 static void swap(int **a, int **b)
 {
     int *kept = *a;
-    *a = *b;
-    *b = kept;
+    *a = *b, *b = kept;
 }
-
 struct Command {
     const char *name;
     Operation *run;
@@ -34,8 +32,7 @@ int main()
         put(c->name, c->run(7, 2) + (c->select ? (*c->select)(c - commands)(4, 1) : 100));
     put("fold", fold(choose(1), values, last + 1)), put("fold", fold(choose(0), values + 1, last));
     int *p = values, *q = last, **pp = &p;
-    deep = &q;
-    swap(pp, deep);
+    deep = &q, swap(pp, deep);
     put("p", *p), put("q", *q), put("pp", **pp), put("pp[0][-1]", pp[0][-1]), put("difference", (int)(p - q));
     put("order", p > q), put("same", p == last), put("null", !p), *--*pp = 77, put("stepped", values[3]);
     put("q++", *q++), put("*q++", (*q)++), put("after", *q), put("-2", p[-2]);

@@ -34,10 +34,8 @@ static int nested(int a, long long b)
         }
         return 3;
     case 2:
-        for (int i = 0; i < 5; i++) {
-            if (i == b) break;
-            a += i;
-        }
+        for (int i = 0; i < 5 && i != b; i++)
+            if ((a += i) > 9) break;
         break;
     default:
         if (b) return -a;
@@ -50,7 +48,7 @@ static const int numbers[] = {1, -2, 3, 4, 5, 70000, -70000};
 int main()
 {
     for (int n : numbers) put("plain", plain(n));
-    put(name('c'), 0), put(name('z'), 1), put(name(255), 2), put(name('A'), 3), put(name('m'), 4);
+    for (char c : "cz\377Am") put(name(c), c);
     for (int a = 0; a < 4; a++)
         put("nested", nested(a, 0)), put("nested", nested(a, 1)), put("nested", nested(a, -5000000000));
 }
