@@ -633,6 +633,42 @@ void settle_variable(Module &module, Function &function, std::string_view text, 
     }
 }
 
+// True for rest.addr2, the slot of one of several parameters that were written as one: rest, rest1, ...
+bool is_slot_of_pack(std::string_view slot, std::string_view parameter)
+{
+    const std::size_t suffix = slot.rfind(slot_suffix);
+    return suffix != npos && suffix > 0 && is_digits(slot.substr(suffix + slot_suffix.size())) &&
+           parameter.starts_with(slot.substr(0, suffix));
+}
+
+// The front end numbers such parameters and their slots apart. The slot is the one that the parameter is stored to, and
+// goes by its name from here on.
+void settle_pack_slot(Module &module, Function &function, const Tokens &tokens)
+{
+    const auto is_kept = [&](const Token &token, bool variable) {
+        const auto found = function.values.find(token.text);
+        return found != function.values.end() && found->second.variable == variable &&
+               (variable || found->second.line == npos);
+    };
+    std::size_t value = 1;
+    while (value + 1 < tokens.size() && !(is_kept(tokens[value], false) && is(tokens[value + 1], ","))) {
+        ++value;
+    }
+    std::size_t place = value + 1;
+    while (place < tokens.size() && !is_kept(tokens[place], true)) {
+        ++place;
+    }
+    if (place >= tokens.size() || !is_slot_of_pack(name_of(tokens[place].text), name_of(tokens[value].text))) {
+        return;
+    }
+    const auto renamed = function.renamed.find(tokens[value].text);
+    const std::string_view parameter = renamed == function.renamed.end() ? tokens[value].text : renamed->second;
+    const std::string slot = name_of(parameter) + std::string(slot_suffix);
+    if (function.taken.insert(slot).second) {
+        function.renamed[tokens[place].text] = keep(module, "%" + slot);
+    }
+}
+
 void settle_value(Module &module, Function &function, const Tokens &tokens)
 {
     const std::string_view text = tokens[0].text;
@@ -710,8 +746,14 @@ void settle_names(Module &module, Function &function)
     for (const std::string_view name : parameters(lines[0].tokens)) {
         settle_variable(module, function, name, true);
     }
+    for (const Line &line : lines) {
+        if (op_of(line.tokens) == "store") {
+            settle_pack_slot(module, function, line.tokens);
+        }
+    }
     for (std::size_t place = 1; place < lines.size(); ++place) {
-        if (op_of(lines[place].tokens) == "alloca" && find_parts(lines[place].tokens).result != npos) {
+        if (op_of(lines[place].tokens) == "alloca" && find_parts(lines[place].tokens).result != npos &&
+            !function.renamed.contains(lines[place].tokens[0].text)) {
             settle_variable(module, function, lines[place].tokens[0].text, false);
         }
     }

@@ -45,5 +45,5 @@ int main()
     for (long long item : wide) put64("item", item);
     put("width", width('a') + width(1.5) + width(true));
     Pair<int, char> a = {1, 'x'}, b = {1, 'y'};
-    put("pair", a < b), put("pair", larger(b, a).second), put("total", total(1, (short)2));
+    put("pair", a < b), put("pair", larger(b, a).second), put("total", total(1, (short)2, 30));
 }
