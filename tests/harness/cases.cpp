@@ -1,96 +1,165 @@
 // Runs the cases of tests/cases, each as a test of its own: the suite is the file's name, the test the case's name.
-#include "harness/casefile.h"
+// README.md describes the files. Behind ";! " in the IR stands an error that is reported at its line.
 #include "harness/process.h"
 #include "harness/text.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
+#include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <optional>
+#include <iostream>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
-
-using harness::Case;
-using harness::Expectation;
-using harness::Result;
 
 namespace {
 
 using Lines = std::vector<std::string>;
 
-constexpr unsigned seconds_for_a_case = 60;
-
-struct SectionHead {
-    const char *name;
-    const char *head;  // first of the two lines that open the section
+struct Expectation {
+    std::string kind;      // "body", "section" or "file"
+    std::string argument;  // the section's or function's name
+    Lines text;
 };
 
-constexpr std::array<SectionHead, 5> section_heads = {{
-    {"structures", "/*\tstructures definitions"},
-    {"aliases", "/*\talias definitions"},
-    {"externs", "/*\texterns definitions"},
-    {"variables", "/*\tvariables definitions"},
-    {"functions", "/*\tfunctions definitions"},
-}};
+struct Case {
+    std::string file;  // path of the case file
+    int line = 0;      // where its === stands there
+    std::string name;
+    Lines options;
+    Lines ir;
+    Lines errors;  // "12: message"
+    std::vector<Expectation> expectations;
+};
+
+struct Reader {
+    std::string path;
+    Lines lines;
+    size_t at = 0;
+};
+
+[[noreturn]] void reject(const Reader &reader, const std::string &what)
+{
+    std::cerr << reader.path << ":" << reader.at + 1 << ": " << what << "\n";
+    std::exit(EXIT_FAILURE);
+}
+
+bool at_line(const Reader &reader, const std::string &start)
+{
+    return reader.at < reader.lines.size() && reader.lines[reader.at].starts_with(start);
+}
+
+// Takes the lines up to the next marker.
+Lines take_text(Reader &reader)
+{
+    Lines text;
+    while (reader.at < reader.lines.size() && !at_line(reader, "=== ") && !at_line(reader, "--- "))
+        text.push_back(reader.lines[reader.at++]);
+    return text;
+}
+
+// Splits the IR from the errors that stand behind its lines; a line that holds only errors belongs to the one above.
+void take_ir(Case &made, const Lines &text)
+{
+    const std::string mark = ";! ";
+    for (const std::string &line : text) {
+        size_t at = line.find(mark);
+        if (at != 0)
+            made.ir.push_back(line.substr(0, at));
+        while (at != std::string::npos) {
+            const size_t start = at + mark.size();
+            at = line.find(" " + mark, start);
+            made.errors.push_back(std::to_string(made.ir.size()) + ": " + line.substr(start, at - start));
+            at += at == std::string::npos ? 0 : 1;
+        }
+    }
+}
+
+// The empty lines in front of the next marker only set it off; with a whole file's text this is the last one alone.
+Expectation take_expectation(Reader &reader)
+{
+    Expectation made;
+    std::istringstream(reader.lines[reader.at].substr(4)) >> made.kind >> made.argument;
+    if (made.kind != "body" && made.kind != "section" && made.kind != "file")
+        reject(reader, "unknown marker");
+    reader.at++;
+    made.text = take_text(reader);
+    if (made.kind != "file")
+        harness::drop_blank_tail(made.text);
+    else if (reader.at < reader.lines.size() && !made.text.empty())
+        made.text.pop_back();
+    return made;
+}
+
+Case take_case(Reader &reader)
+{
+    Case made;
+    made.file = reader.path;
+    made.line = static_cast<int>(reader.at) + 1;
+    made.name = reader.lines[reader.at++].substr(4);
+    if (at_line(reader, "options: ")) {
+        std::istringstream words(reader.lines[reader.at++].substr(9));
+        for (std::string word; words >> word;)
+            made.options.push_back(word);
+    }
+    if (!at_line(reader, "--- ir"))
+        reject(reader, "expected --- ir");
+    reader.at++;
+    take_ir(made, take_text(reader));
+    harness::drop_blank_tail(made.ir);
+    while (at_line(reader, "--- "))
+        made.expectations.push_back(take_expectation(reader));
+    if (made.expectations.empty() && made.errors.empty())
+        reject(reader, "\"" + made.name + "\" expects nothing");
+    return made;
+}
 
 bool is_section_head(const std::string &line)
 {
-    return std::any_of(section_heads.begin(), section_heads.end(),
-                       [&](const SectionHead &row) { return line == row.head; });
+    return line.starts_with("/*\t") && line.ends_with(" definitions");
 }
 
-// The includes have no head: they stand behind the comment lines that open the file.
-Lines::const_iterator section_start(const Lines &output, const std::string &name)
-{
-    if (name == "includes")
-        return std::find_if(output.begin(), output.end(), [](const std::string &l) { return !l.starts_with("//"); });
-    for (const SectionHead &row : section_heads) {
-        if (name != row.name)
-            continue;
-        const auto head = std::find(output.begin(), output.end(), row.head);
-        return output.end() - head < 2 ? output.end() : head + 2;
-    }
-    ADD_FAILURE() << "no section is called " << name;
-    return output.end();
-}
-
-// A section's lines behind its head; an absent section has none.
+// A section's lines behind its two-line head; an absent section has none. The includes have no head: they stand behind
+// the comment lines that open the file.
 Lines section_of(const Lines &output, const std::string &name)
 {
-    const auto start = section_start(output, name);
+    auto start = output.begin();
+    if (name == "includes") {
+        start = std::find_if(start, output.end(), [](const std::string &line) { return !line.starts_with("//"); });
+    } else {
+        start = std::find(start, output.end(), "/*\t" + (name == "aliases" ? "alias" : name) + " definitions");
+        start = output.end() - start < 2 ? output.end() : start + 2;
+    }
     Lines lines(start, std::find_if(start, output.end(), is_section_head));
     harness::drop_blank_tail(lines);
     return lines;
 }
 
-// A head names its function in front of the parameter list: "int *@inline f(int a)".
+// A head names its function in front of the parameter list: "int *f(int a)".
 bool is_head_of(const std::string &line, const std::string &name)
 {
-    const size_t at = line.find(name + "(");
-    if (name.empty() || at == std::string::npos)
-        return name.empty();
-    return at == 0 || (std::isalnum(static_cast<unsigned char>(line[at - 1])) == 0 && line[at - 1] != '_');
+    return name.empty() || line.find(" " + name + "(") != std::string::npos ||
+           line.find("*" + name + "(") != std::string::npos;
 }
 
 // The lines between the outermost braces of a function, of the last one if no name is given, one tab to the left.
 // A line that has no tab to give, a label at the outermost level, gets a "<" instead, so that no shift goes unseen.
-std::optional<Lines> body_of(const Lines &output, const std::string &name)
+Lines body_of(const Lines &output, const std::string &name)
 {
     const Lines functions = section_of(output, "functions");
-    std::optional<Lines> body;
+    Lines body = {"no function " + name};
     for (size_t i = 1; i < functions.size(); i++) {
         if (functions[i] != "\t{" || !is_head_of(functions[i - 1], name))
             continue;
-        body = Lines();
+        body.clear();
         for (i++; i < functions.size() && functions[i] != "\t}"; i++) {
             const std::string &line = functions[i];
             if (line.empty())
-                body->push_back(line);
+                body.push_back(line);
             else
-                body->push_back(line.front() == '\t' ? line.substr(1) : "<" + line);
+                body.push_back(line.front() == '\t' ? line.substr(1) : "<" + line);
         }
     }
     return body;
@@ -98,97 +167,37 @@ std::optional<Lines> body_of(const Lines &output, const std::string &name)
 
 // "#error quarl a.ll:12 text" becomes "12: text". A message that ends in a newline of its own leaves an empty line
 // behind it, which is shown as \n at its end.
-Lines abbreviate(const std::string &err, int prelude)
+Lines abbreviate(const std::string &err)
 {
     const std::string head = "#error quarl a.ll:";
     Lines lines;
-    for (const std::string &line : harness::split_lines(err)) {
-        const size_t blank = line.find(' ', head.size());
-        if (line.empty() && !lines.empty())
+    for (std::string line : harness::split_lines(err)) {
+        if (line.empty() && !lines.empty()) {
             lines.back() += "\\n";
-        else if (line.starts_with(head) && blank != std::string::npos)
-            lines.push_back(std::to_string(std::stol(line.substr(head.size())) - prelude) + ": " +
-                            line.substr(blank + 1));
-        else
-            lines.push_back(line);
+            continue;
+        }
+        if (line.starts_with(head))
+            line = line.substr(head.size()).insert(line.find(' ', head.size()) - head.size(), ":");
+        lines.push_back(line);
     }
     return lines;
 }
 
-void compare(const std::string &what, const std::string &expected, const std::string &actual)
+void compare(const std::string &what, const Lines &expected, const Lines &actual)
 {
     if (expected != actual)
-        ADD_FAILURE() << what << " differs (- expected, + actual):\n" << harness::difference(expected, actual);
+        ADD_FAILURE() << what << " differs (- expected, + actual):\n"
+                      << harness::difference(harness::join_lines(expected), harness::join_lines(actual));
 }
 
-// How one run of quarl is judged: what it left, and what the case says about it.
-struct Outcome {
-    Result result;
-    bool written = false;  // there is an output file
-    std::string output;
-};
-
-void check_body(const Case &made, const Expectation &expected, const Lines &output)
-{
-    const std::optional<Lines> body = body_of(output, expected.argument);
-    if (!body)
-        ADD_FAILURE() << "the output of " << made.name << " has no function " << expected.argument;
-    else
-        compare("body", expected.text, harness::join_lines(*body));
-}
-
-void check_errors(const Case &made, const Expectation &expected, const Outcome &outcome)
-{
-    compare("standard error", expected.text, harness::join_lines(abbreviate(outcome.result.err, made.prelude)));
-    EXPECT_EQ(outcome.written, expected.kind == "stage errors") << "is there an output file?";
-}
-
-void check(const Case &made, const Expectation &expected, const Outcome &outcome)
+void check(const Expectation &expected, const Lines &output)
 {
     if (expected.kind == "body")
-        check_body(made, expected, harness::split_lines(outcome.output));
+        compare("body " + expected.argument, expected.text, body_of(output, expected.argument));
     else if (expected.kind == "section")
-        compare("section " + expected.argument, expected.text,
-                harness::join_lines(section_of(harness::split_lines(outcome.output), expected.argument)));
-    else if (expected.kind == "file")
-        compare("output file", expected.text, outcome.output);
-    else if (expected.kind == "errors" || expected.kind == "stage errors")
-        check_errors(made, expected, outcome);
-    else if (expected.kind == "stdout")
-        compare("standard output", expected.text, outcome.result.out);
-    else if (expected.kind == "stderr")
-        compare("standard error", expected.text, outcome.result.err);
-}
-
-bool expects(const Case &made, const std::string &kind)
-{
-    return std::any_of(made.expectations.begin(), made.expectations.end(),
-                       [&](const Expectation &expected) { return expected.kind == kind; });
-}
-
-int expected_status(const Case &made)
-{
-    for (const Expectation &expected : made.expectations)
-        if (expected.kind == "status")
-            return std::stoi(expected.argument);
-    return expects(made, "errors") || expects(made, "stage errors") ? 1 : 0;
-}
-
-Outcome run_case(const Case &made)
-{
-    const std::string directory = harness::make_directory();
-    harness::write_file(directory + "/a.ll", made.ir);
-    Lines arguments = made.options;
-    if (made.output.empty())
-        arguments.insert(arguments.end(), {"-o", "a.c"});
-    arguments.emplace_back("a.ll");
-    Outcome outcome;
-    outcome.result = harness::run(harness::quarl_binary(QUARL_BINARY), arguments, directory, seconds_for_a_case);
-    const std::string path = directory + "/" + (made.output.empty() ? "a.c" : made.output);
-    outcome.written = harness::file_exists(path);
-    outcome.output = harness::read_file(path);
-    harness::remove_directory(directory);
-    return outcome;
+        compare("section " + expected.argument, expected.text, section_of(output, expected.argument));
+    else
+        compare("output file", expected.text, output);
 }
 
 class CaseTest : public testing::Test {
@@ -197,27 +206,24 @@ public:
     void TestBody() override
     {
         SCOPED_TRACE(made.file + ":" + std::to_string(made.line));
-        const Outcome outcome = run_case(made);
-        EXPECT_EQ(outcome.result.status, expected_status(made)) << harness::describe(outcome.result);
+        const std::string directory = harness::make_directory();
+        harness::write_file(directory + "/a.ll", harness::join_lines(made.ir));
+        Lines arguments = made.options;
+        arguments.insert(arguments.end(), {"-o", "a.c", "a.ll"});
+        const harness::Result result = harness::run(harness::quarl_binary(QUARL_BINARY), arguments, directory);
+        const bool written = harness::file_exists(directory + "/a.c");
+        const Lines output = harness::split_lines(harness::read_file(directory + "/a.c"));
+        harness::remove_directory(directory);
+        EXPECT_EQ(result.status, made.errors.empty() ? 0 : 1) << harness::describe(result);
+        compare("standard error", made.errors, abbreviate(result.err));
+        EXPECT_EQ(result.out, "");
+        EXPECT_EQ(written, !made.expectations.empty()) << "is there an output file?";
         for (const Expectation &expected : made.expectations)
-            check(made, expected, outcome);
-        if (!expects(made, "stdout"))
-            compare("standard output", "", outcome.result.out);
-        if (!expects(made, "stderr") && !expects(made, "errors") && !expects(made, "stage errors"))
-            compare("standard error", "", outcome.result.err);
+            check(expected, output);
     }
 
 private:
     const Case &made;
-};
-
-class CaseFilesTest : public testing::Test {
-public:
-    explicit CaseFilesTest(const Lines &found) : problems(found) {}
-    void TestBody() override { EXPECT_TRUE(problems.empty()) << harness::join_lines(problems); }
-
-private:
-    const Lines &problems;
 };
 
 std::string plain_name(std::string text)
@@ -227,7 +233,8 @@ std::string plain_name(std::string text)
     return text;
 }
 
-std::vector<Case> read_all(Lines &problems)
+// What stands in front of the first case tells a reader what the file is about.
+std::vector<Case> read_all()
 {
     std::set<std::filesystem::path> files;
     for (const auto &entry : std::filesystem::directory_iterator(QUARL_SOURCE_DIR "/tests/cases"))
@@ -235,22 +242,11 @@ std::vector<Case> read_all(Lines &problems)
             files.insert(entry.path());
     std::vector<Case> all;
     for (const std::filesystem::path &file : files) {
-        std::set<std::string> names;
-        for (Case &made : harness::read_cases(file.string(), problems)) {
-            if (!names.insert(plain_name(made.name)).second)
-                problems.push_back(made.file + ": two cases are called " + made.name);
-            else
-                all.push_back(std::move(made));
-        }
+        Reader reader = {file.string(), harness::split_lines(harness::read_file(file.string()))};
+        for (take_text(reader); reader.at < reader.lines.size();)
+            all.push_back(take_case(reader));
     }
     return all;
-}
-
-void register_case(const Case &made)
-{
-    const std::string suite = plain_name(std::filesystem::path(made.file).stem().string());
-    testing::RegisterTest(suite.c_str(), plain_name(made.name).c_str(), nullptr, nullptr, made.file.c_str(), made.line,
-                          [&made]() -> testing::Test * { return new CaseTest(made); });
 }
 
 }  // namespace
@@ -258,11 +254,11 @@ void register_case(const Case &made)
 int main(int argc, char **argv)
 {
     testing::InitGoogleTest(&argc, argv);
-    Lines problems;
-    const std::vector<Case> cases = read_all(problems);
-    for (const Case &made : cases)
-        register_case(made);
-    testing::RegisterTest("case_files", "are_well_formed", nullptr, nullptr, __FILE__, __LINE__,
-                          [&problems]() -> testing::Test * { return new CaseFilesTest(problems); });
+    const std::vector<Case> cases = read_all();
+    for (const Case &made : cases) {
+        const std::string suite = plain_name(std::filesystem::path(made.file).stem().string());
+        testing::RegisterTest(suite.c_str(), plain_name(made.name).c_str(), nullptr, nullptr, made.file.c_str(),
+                              made.line, [&made]() -> testing::Test * { return new CaseTest(made); });
+    }
     return RUN_ALL_TESTS();
 }

@@ -29,7 +29,7 @@ bool file_exists(const std::string &path);
 
 // Runs program with the arguments in directory, with no standard input, and ends it after `seconds`.
 Result run(const std::string &program, const std::vector<std::string> &arguments, const std::string &directory,
-           unsigned seconds);
+           unsigned seconds = 60);
 
 // The quarl to test: the environment's QUARL_BINARY, or else the one that was built.
 std::string quarl_binary(const char *built);

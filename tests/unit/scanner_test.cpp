@@ -104,7 +104,6 @@ TEST(scanner, strings_for_c)
     EXPECT_EQ(cstring("\"ab\\0A\\00\"", true), "\"ab\\n\"");
     EXPECT_EQ(cstring("\"\\00\\00\"", true), "\"\\000\"");
     EXPECT_EQ(cstring("\"\\5C\\22\\0a\\0D\\09\\08\\0b\"", true), "\"\\\\\\\"\\n\\r\\t\\b\\v\"");
-    EXPECT_EQ(cstring("\"\\01\\7f\\fF\"", true), "\"\\001\\177\\377\"");
     EXPECT_EQ(cstring("\"\\5C000\"", true), "\"\\\\000\"");  // a backslash and three digits, no zero byte
     EXPECT_EQ(cstring("\"\\\\x\\q\"", true), "\"\\\\x\\q\"");
     EXPECT_EQ(cstring("dir\\5Ca\\00", false), "dir\\\\a\\000");
