@@ -10,8 +10,7 @@
 #include "emit/emit.h"
 
 #include <algorithm>
-#include <functional>
-#include <queue>
+#include <bit>
 #include <set>
 #include <unordered_map>
 #include <utility>
@@ -99,33 +98,99 @@ void markinitrefs()
 
 namespace {
 
+// Sets of numbers.
+
+// A set of numbers below a limit that finds the next one: bits, and above each level a bit for every word of it that
+// isn't empty.
+struct NumberSet {
+    std::vector<std::vector<std::uint64_t>> levels;
+};
+
+constexpr std::uint32_t word_bits = 64;
+constexpr std::uint32_t no_number = 0xFFFFFFFF;
+
+std::uint64_t bitof(std::uint32_t number)
+{
+    return std::uint64_t{1} << number % word_bits;
+}
+
+NumberSet makeset(std::size_t limit)
+{
+    NumberSet set;
+    do {
+        limit = limit / word_bits + 1;
+        set.levels.emplace_back(limit);
+    } while (limit > 1);
+    return set;
+}
+
+void insert(NumberSet &set, std::uint32_t number)
+{
+    for (auto &level : set.levels) {
+        level[number / word_bits] |= bitof(number);
+        number /= word_bits;
+    }
+}
+
+void erase(NumberSet &set, std::uint32_t number)
+{
+    for (auto &level : set.levels) {
+        level[number / word_bits] &= ~bitof(number);
+        number /= word_bits;
+        if (level[number] != 0)
+            return;
+    }
+}
+
+// The first number of the set from `from` on, or no_number.
+std::uint32_t nextnumber(const NumberSet &set, std::uint32_t from)
+{
+    for (std::size_t height = 0; height < set.levels.size(); ++height) {
+        const auto &level = set.levels[height];
+        const std::uint32_t word = from / word_bits;
+        const std::uint64_t behind = word < level.size() ? level[word] & ~(bitof(from) - 1) : 0;
+        if (behind == 0) {
+            from = word + 1;
+            continue;
+        }
+        from = word * word_bits + static_cast<std::uint32_t>(std::countr_zero(behind));
+        while (height-- > 0)
+            from = from * word_bits + static_cast<std::uint32_t>(std::countr_zero(set.levels[height][from]));
+        return from;
+    }
+    return no_number;
+}
+
+// Events.
+
 using EventId = std::uint32_t;
+using VariableId = std::uint32_t;  // place in `variables`
 
-// The event of a variable has no leaf; those of its references follow it.
+struct Variable {
+    Symbol *symbol;
+    EventId event;                  // those of its references follow it
+    std::uint32_t first_reference;  // to it, as a place in Reachability::references; the next variable's is the end
+    bool live;                      // as decided at its last visit
+};
+
+// The event of a variable has no leaf.
 struct Event {
-    Symbol *variable;  // the one whose initialiser is walked
-    EventId owner;     // the event of that variable
-    Expr *leaf;        // the reference: its `counted` says that a use was counted for it
-    Symbol *target;    // variable referred to, null if the name is no variable's
-    bool released;     // the reference has taken its use back
+    Expr *leaf;           // the reference: its `counted` says that a use was counted for it
+    VariableId owner;     // the variable, or the one whose initialiser has the reference
+    VariableId target;    // variable referred to, no_number if the name is no variable's
+    std::uint32_t place;  // in Reachability::references
+    bool released;        // the reference has taken its use back
 };
 
-// The references to one variable that can change its count: what belongs to live variables raises it from 0, what
-// belongs to dead ones takes a use back. Only the first of them in the order of a pass has an effect when the count
-// crosses 0, so that is the one to be visited.
-struct References {
-    std::set<EventId> raising;
-    std::set<EventId> taking;
-};
-
+// References can change the count of their target: what belongs to live variables raises it from 0, what belongs to
+// dead ones takes a use back. Only the first of them in the order of a pass has an effect when the count crosses 0, so
+// that is the one to be visited.
 struct Reachability {
+    std::vector<Variable> variables;  // and an end
     std::vector<Event> events;
-    std::unordered_map<const Symbol *, EventId> start;          // event of a variable
-    std::unordered_map<const Symbol *, References> references;  // to a variable
-    std::vector<bool> live;    // of the variable whose event has this id, as decided at its last visit
-    std::vector<bool> queued;  // the event is due in this pass or the next
-    std::priority_queue<EventId, std::vector<EventId>, std::greater<>> due;
-    std::vector<EventId> due_next;
+    std::vector<EventId> references;  // by target, in the order of a pass
+    NumberSet raising, taking;        // places in `references`
+    NumberSet due;                    // events to be visited, behind the current one in this pass, else in the next
     EventId current = 0;
     bool lowered = false;  // this pass has taken a use back
 };
@@ -135,82 +200,111 @@ bool ismarker(const Expr *node)
     return node->op == op::open_brace || node->op == op::close_brace || node->op == op::zero_element;
 }
 
-void addreferences(Reachability &state, Symbol *variable)
+using VariableIds = std::unordered_map<const Symbol *, VariableId>;
+
+VariableIds listvariables(Reachability &state)
 {
-    for (Expr *node = variable->value; node; node = node->next) {
+    VariableIds ids;
+    for (Symbol *symbol = variables.head; symbol; symbol = symbol->next) {
+        ids.emplace(symbol, static_cast<VariableId>(state.variables.size()));
+        state.variables.push_back({symbol, 0, 0, false});
+    }
+    state.variables.push_back({});
+    return ids;
+}
+
+void addreferences(Reachability &state, const VariableIds &ids, VariableId owner)
+{
+    for (Expr *node = state.variables[owner].symbol->value; node; node = node->next) {
         Expr *reference = ismarker(node) ? nullptr : addressedleaf(node);
         if (!reference)
             continue;
         if (!reference->symbol)
             reference->symbol = find_variable(reference->value);
-        const auto id = static_cast<EventId>(state.events.size());
-        state.events.push_back({variable, state.start.at(variable), reference, reference->symbol, false});
-        // No variable is taken for live until its first visit.
-        if (reference->symbol && reference->counted)
-            state.references[reference->symbol].taking.insert(id);
+        const auto target = ids.find(reference->symbol);
+        state.events.push_back({reference, owner, target == ids.end() ? no_number : target->second, 0, false});
+    }
+}
+
+// Sorts the references by target: counts those to each variable, adds up, and gives each its place.
+void sortreferences(Reachability &state)
+{
+    for (const Event &event : state.events)
+        if (event.target != no_number)
+            ++state.variables[event.target + 1].first_reference;
+    std::uint32_t sum = 0;
+    for (Variable &variable : state.variables)
+        variable.first_reference = sum += variable.first_reference;
+    state.references.resize(sum);
+    std::vector<std::uint32_t> next;
+    for (const Variable &variable : state.variables)
+        next.push_back(variable.first_reference);
+    for (EventId id = 0; id < state.events.size(); ++id) {
+        Event &event = state.events[id];
+        if (event.target == no_number)
+            continue;
+        event.place = next[event.target]++;
+        state.references[event.place] = id;
     }
 }
 
 void collectevents(Reachability &state)
 {
-    for (Symbol *variable = variables.head; variable; variable = variable->next) {
-        const auto id = static_cast<EventId>(state.events.size());
-        state.start[variable] = id;
-        state.events.push_back({variable, id, nullptr, nullptr, false});
-        addreferences(state, variable);
+    const VariableIds ids = listvariables(state);
+    for (VariableId owner = 0; owner + 1 < state.variables.size(); ++owner) {
+        state.variables[owner].event = static_cast<EventId>(state.events.size());
+        state.events.push_back({nullptr, owner, no_number, 0, false});
+        addreferences(state, ids, owner);
     }
-    state.live.assign(state.events.size(), false);
-    state.queued.assign(state.events.size(), true);
-    for (EventId id = 0; id < state.events.size(); ++id)
-        state.due.push(id);
-}
-
-// The event is visited when a pass next comes to it.
-void schedule(Reachability &state, EventId id)
-{
-    if (state.queued[id])
-        return;
-    state.queued[id] = true;
-    if (id > state.current)
-        state.due.push(id);
-    else
-        state.due_next.push_back(id);
+    sortreferences(state);
+    state.raising = makeset(state.references.size());
+    state.taking = makeset(state.references.size());
+    state.due = makeset(state.events.size());
+    for (EventId id = 0; id < state.events.size(); ++id) {
+        insert(state.due, id);
+        // No variable is taken for live until its first visit.
+        const Event &event = state.events[id];
+        if (event.target != no_number && event.leaf->counted)
+            insert(state.taking, event.place);
+    }
 }
 
 // Schedules the reference that has an effect on the count of a variable as it stands.
-void schedulereference(Reachability &state, const Symbol *variable)
+void schedulereference(Reachability &state, VariableId target)
 {
-    const References &references = state.references[variable];
-    const std::set<EventId> &waiting = variable->uses == 0 ? references.raising : references.taking;
-    auto next = waiting.upper_bound(state.current);
-    if (next == waiting.end())
-        next = waiting.begin();
-    if (next != waiting.end())
-        schedule(state, *next);
+    const NumberSet &waiting = state.variables[target].symbol->uses == 0 ? state.raising : state.taking;
+    const std::uint32_t first = state.variables[target].first_reference;
+    const std::uint32_t end = state.variables[target + 1].first_reference;
+    const EventId *ids = state.references.data();
+    const auto behind = static_cast<std::uint32_t>(std::upper_bound(ids + first, ids + end, state.current) - ids);
+    std::uint32_t place = nextnumber(waiting, behind);
+    if (place >= end)
+        place = nextnumber(waiting, first);
+    if (place < end)
+        insert(state.due, ids[place]);
 }
 
 // The count of a variable has become 0 or has left it.
-void countcrossed(Reachability &state, const Symbol *variable)
+void countcrossed(Reachability &state, VariableId variable)
 {
-    schedule(state, state.start.at(variable));
+    insert(state.due, state.variables[variable].event);
     schedulereference(state, variable);
 }
 
 // The variable that a reference belongs to has come to life or died.
 void ownerchanged(Reachability &state, EventId id, bool live)
 {
-    schedule(state, id);
+    insert(state.due, id);
     const Event &event = state.events[id];
-    if (!event.target)
+    if (event.target == no_number)
         return;
-    References &references = state.references[event.target];
     if (live) {
-        references.taking.erase(id);
-        references.raising.insert(id);
+        erase(state.taking, event.place);
+        insert(state.raising, event.place);
     } else {
-        references.raising.erase(id);
+        erase(state.raising, event.place);
         if (event.leaf->counted && !event.released)
-            references.taking.insert(id);
+            insert(state.taking, event.place);
     }
     schedulereference(state, event.target);
 }
@@ -226,13 +320,13 @@ bool islive(const Symbol *variable)
 
 void visitvariable(Reachability &state, EventId id)
 {
-    Symbol *variable = state.events[id].variable;
-    const bool live = islive(variable);
+    Variable &variable = state.variables[state.events[id].owner];
+    const bool live = islive(variable.symbol);
     if (!live)
-        variable->flags |= flag::unused;
-    if (live == state.live[id])
+        variable.symbol->flags |= flag::unused;
+    if (live == variable.live)
         return;
-    state.live[id] = live;
+    variable.live = live;
     for (EventId next = id + 1; next < state.events.size() && state.events[next].leaf; ++next)
         ownerchanged(state, next, live);
 }
@@ -249,42 +343,39 @@ void reachfunction(const Name *name)
 void visitreference(Reachability &state, EventId id)
 {
     Event &event = state.events[id];
-    const bool live = state.live[event.owner];
-    Symbol *target = event.target;
-    if (!target) {
+    const bool live = state.variables[event.owner].live;
+    if (event.target == no_number) {
         if (live)
             reachfunction(event.leaf->value);
-    } else if (live && target->uses == 0) {
+        return;
+    }
+    Symbol *target = state.variables[event.target].symbol;
+    if (live && target->uses == 0) {
         target->uses = 1;
         target->flags &= ~flag::unused;
         event.leaf->counted = true;
-        countcrossed(state, target);
+        countcrossed(state, event.target);
     } else if (!live && target->uses != 0 && event.leaf->counted && !event.released) {
         --target->uses;
         event.released = true;
-        state.references[target].taking.erase(id);
+        erase(state.taking, event.place);
         state.lowered = true;
         if (target->uses == 0)
-            countcrossed(state, target);
+            countcrossed(state, event.target);
     }
 }
 
 void runpass(Reachability &state)
 {
     state.lowered = false;
-    while (!state.due.empty()) {
-        const EventId id = state.due.top();
-        state.due.pop();
+    for (EventId id = nextnumber(state.due, 0); id != no_number; id = nextnumber(state.due, id + 1)) {
+        erase(state.due, id);
         state.current = id;
-        state.queued[id] = false;
         if (state.events[id].leaf)
             visitreference(state, id);
         else
             visitvariable(state, id);
     }
-    for (const EventId id : state.due_next)
-        state.due.push(id);
-    state.due_next.clear();
 }
 
 }  // namespace
