@@ -200,29 +200,29 @@ bool ismarker(const Expr *node)
     return node->op == op::open_brace || node->op == op::close_brace || node->op == op::zero_element;
 }
 
-using VariableIds = std::unordered_map<const Symbol *, VariableId>;
-
-VariableIds listvariables(Reachability &state)
+void listvariables(Reachability &state)
 {
-    VariableIds ids;
     for (Symbol *symbol = variables.head; symbol; symbol = symbol->next) {
-        ids.emplace(symbol, static_cast<VariableId>(state.variables.size()));
+        symbol->place = static_cast<VariableId>(state.variables.size());
         state.variables.push_back({symbol, 0, 0, false});
     }
     state.variables.push_back({});
-    return ids;
 }
 
-void addreferences(Reachability &state, const VariableIds &ids, VariableId owner)
+// The variable that a reference names.
+VariableId targetof(Expr *reference)
+{
+    if (!reference->symbol)
+        reference->symbol = find_variable(reference->value);
+    return reference->symbol ? reference->symbol->place : no_number;
+}
+
+void addreferences(Reachability &state, VariableId owner)
 {
     for (Expr *node = state.variables[owner].symbol->value; node; node = node->next) {
         Expr *reference = ismarker(node) ? nullptr : addressedleaf(node);
-        if (!reference)
-            continue;
-        if (!reference->symbol)
-            reference->symbol = find_variable(reference->value);
-        const auto target = ids.find(reference->symbol);
-        state.events.push_back({reference, owner, target == ids.end() ? no_number : target->second, 0, false});
+        if (reference)
+            state.events.push_back({reference, owner, targetof(reference), 0, false});
     }
 }
 
@@ -250,11 +250,11 @@ void sortreferences(Reachability &state)
 
 void collectevents(Reachability &state)
 {
-    const VariableIds ids = listvariables(state);
+    listvariables(state);
     for (VariableId owner = 0; owner + 1 < state.variables.size(); ++owner) {
         state.variables[owner].event = static_cast<EventId>(state.events.size());
         state.events.push_back({nullptr, owner, no_number, 0, false});
-        addreferences(state, ids, owner);
+        addreferences(state, owner);
     }
     sortreferences(state);
     state.raising = makeset(state.references.size());

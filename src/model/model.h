@@ -296,7 +296,10 @@ struct Type {
 // A named thing: variable, function, prototype, alias, parameter, member, aggregate, or an entry in a list of names.
 struct Symbol {
     Ref<Symbol> next;
-    Ref<Symbol> prev;  // aggregates and functions: the entry before it
+    union {
+        Ref<Symbol> prev;     // aggregates and functions: the entry before it
+        std::uint32_t place;  // variable: in `variables`, from 0, while reachability is told
+    };
     union {
         Ref<Expr> value;    // variable: first initialiser node, null for none
         Ref<Symbol> calls;  // function: first entry of the names it calls
