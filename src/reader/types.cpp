@@ -43,7 +43,10 @@ Type *makenode(std::uint8_t code, Type *sub)
 // "f0", "f1", ... for the members of a structure in order.
 Name *membername(std::uint32_t place)
 {
-    return intern("f" + std::to_string(place));
+    static std::vector<Name *> names;
+    while (names.size() <= place)
+        names.push_back(intern("f" + std::to_string(names.size())));
+    return names[place];
 }
 
 void addaggregate(Symbol *symbol);
@@ -437,9 +440,10 @@ struct ShapeClasses {
     std::unordered_map<const Type *, std::uint32_t> rank;   // height of a root's tree
 };
 
+// Like the index below never destroyed: at the end of the run its entries would be given back one by one.
 ShapeClasses &shapeclasses()
 {
-    static ShapeClasses classes;
+    static auto &classes = *new ShapeClasses;
     return classes;
 }
 
@@ -539,7 +543,7 @@ using AnonIndex = std::unordered_map<std::size_t, AnonBucket>;
 
 AnonIndex &anonindex()
 {
-    static AnonIndex index;
+    static auto &index = *new AnonIndex;
     return index;
 }
 
