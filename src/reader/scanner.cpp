@@ -267,7 +267,7 @@ std::size_t scanoperator(const char *at, std::uint16_t &code)
 }
 
 // What a token can be, by its first character.
-enum class Start : std::uint8_t { single, longer, word, letter_c, dot, digit, minus, quote, blank, end };
+enum class Start : std::uint8_t { single, longer, word, letter_c, dot, digit, minus, quote, comment, end };
 
 constexpr std::array<Start, 256> makestarts()
 {
@@ -280,14 +280,12 @@ constexpr std::array<Start, 256> makestarts()
             starts[c] = Start::word;
         else if (classes[c] & is_digit)
             starts[c] = Start::digit;
-        else if (classes[c] & is_space)
-            starts[c] = Start::blank;
     }
     starts['c'] = Start::letter_c;  // can open a c"..." string
     starts['.'] = Start::dot;
     starts['-'] = Start::minus;
     starts['"'] = starts['\''] = Start::quote;
-    starts[';'] = Start::blank;
+    starts[';'] = Start::comment;
     starts['\0'] = Start::end;
     return starts;
 }
@@ -349,6 +347,35 @@ const char *scantoken(Token &t, const char *at, Start start)
     }
 }
 
+void endtoken(Token &t, const char *end)
+{
+    cursor = end;
+    t.len = static_cast<std::uint16_t>(end - t.text);
+    // Strings are scanned again: a fault in one is met each time.
+    last_text = t.code == token::string ? nullptr : t.text;
+    last_end = end;
+    last_code = t.code;
+}
+
+// What gettoken() does about tokens that are neither words nor single characters, the smaller part. It stays a
+// function of its own: all its registers would have to be saved for the others as well.
+[[gnu::noinline]] void scanother(Token &t, const char *at, Start start)
+{
+    if (start == Start::comment) {
+        at += std::strlen(at);
+        start = Start::end;
+    }
+    t.lead = static_cast<std::uint16_t>(at - t.start);
+    t.text = at;
+    if (start != Start::end) {
+        endtoken(t, scantoken(t, at, start));
+        return;
+    }
+    cursor = at;
+    t.code = token::end_of_line;
+    t.len = 0;
+}
+
 }  // namespace
 
 void gettoken(Token &t)
@@ -364,25 +391,18 @@ void gettoken(Token &t)
         cursor = last_end;
         return;
     }
-    Start start = startof(*at);
-    if (start == Start::blank) {
-        at = skipblanks(at);
-        start = startof(*at);
+    at = skipwhile(at, is_space);
+    const Start start = startof(*at);
+    if (start != Start::word && start != Start::single) {
+        scanother(t, at, start);
+        return;
     }
     t.lead = static_cast<std::uint16_t>(at - t.start);
     t.text = at;
-    if (start == Start::end) {
-        cursor = at;
-        t.code = token::end_of_line;
-        t.len = 0;
-        return;
-    }
-    cursor = scantoken(t, at, start);
-    t.len = static_cast<std::uint16_t>(cursor - t.text);
-    // Strings are scanned again: a fault in one is met each time.
-    last_text = t.code == token::string ? nullptr : t.text;
-    last_end = cursor;
-    last_code = t.code;
+    const bool word = start == Start::word;
+    t.code = word ? token::identifier : singles[static_cast<unsigned char>(*at)];
+    ++at;
+    endtoken(t, word ? skipwhile(at, continues_word) : at);
 }
 
 void ungettoken(const Token &t)
