@@ -46,15 +46,17 @@ void appendinst(Block *block, Inst *instruction)
     notelocal(instruction);
 }
 
-// The branch of an invoke to `label`, which continues the block: it goes, and no block is opened.
+// The branch of an invoke to `label`, which continues the block: it goes, and no block is opened. A block that is still
+// empty goes on behind the branch of the block before, which keeps it.
 bool continuesinvoke(Block *block, const Name *label)
 {
-    if (!block || !block->first || !namebegins(label, "invoke."))
+    if (!block || !block->last || !namebegins(label, "invoke."))
         return false;
     Inst *jump = block->last;
     if (jump->op != inst::jump || jump->name != label)
         return false;
-    (block->first == jump ? block->first : jump->prev->next) = nullptr;
+    if (block->first)
+        (block->first == jump ? block->first : jump->prev->next) = nullptr;
     block->last = jump->prev;
     dropjump();
     return true;
