@@ -645,27 +645,22 @@ bool is_slot_of_pack(std::string_view slot, std::string_view parameter)
 // goes by its name from here on.
 void settle_pack_slot(Module &module, Function &function, const Tokens &tokens)
 {
-    const auto is_kept = [&](const Token &token, bool variable) {
-        const auto found = function.values.find(token.text);
-        return found != function.values.end() && found->second.variable == variable &&
-               (variable || found->second.line == npos);
-    };
-    std::size_t value = 1;
-    while (value + 1 < tokens.size() && !(is_kept(tokens[value], false) && is(tokens[value + 1], ","))) {
-        ++value;
-    }
-    std::size_t place = value + 1;
-    while (place < tokens.size() && !is_kept(tokens[place], true)) {
-        ++place;
-    }
-    if (place >= tokens.size() || !is_slot_of_pack(name_of(tokens[place].text), name_of(tokens[value].text))) {
+    const std::size_t value = behind_type(tokens, find_parts(tokens).op + 1);
+    const std::size_t place = value == npos ? npos : behind_type(tokens, value + 2);
+    if (place >= tokens.size()) {
         return;
     }
-    const auto renamed = function.renamed.find(tokens[value].text);
-    const std::string_view parameter = renamed == function.renamed.end() ? tokens[value].text : renamed->second;
-    const std::string slot = name_of(parameter) + std::string(slot_suffix);
-    if (function.taken.insert(slot).second) {
-        function.renamed[tokens[place].text] = keep(module, "%" + slot);
+    const auto parameter = function.values.find(tokens[value].text);
+    const auto slot = function.values.find(tokens[place].text);
+    if (parameter == function.values.end() || parameter->second.line != npos || slot == function.values.end() ||
+        !slot->second.variable || !is_slot_of_pack(name_of(slot->first), name_of(parameter->first))) {
+        return;
+    }
+    const auto renamed = function.renamed.find(parameter->first);
+    const std::string_view chosen = renamed == function.renamed.end() ? parameter->first : renamed->second;
+    const std::string name = name_of(chosen) + std::string(slot_suffix);
+    if (function.taken.insert(name).second) {
+        function.renamed[slot->first] = keep(module, "%" + name);
     }
 }
 

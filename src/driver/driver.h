@@ -64,8 +64,8 @@ void *release(void *block, void *value);
 void *poolalloc(std::size_t size);
 
 // Room, not cleared, for a record that can be referred to by its place, a number of 32 bits. Places start at 1 and
-// chunks are aligned to their size, so either can be worked out from the other. `size` and `alignment` are multiples of
-// the unit, and a record is at most a chunk long.
+// chunks are aligned to their size, so either can be worked out from the other. `size` is a multiple of the unit and at
+// most a chunk, `alignment` a power of two that is a multiple of the unit.
 namespace pool {
 inline constexpr unsigned unit = 4;  // records start at multiples of it
 inline constexpr unsigned chunk_bits = 16;

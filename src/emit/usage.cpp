@@ -233,8 +233,10 @@ void sortreferences(Reachability &state)
         if (event.target != no_number)
             ++state.variables[event.target + 1].first_reference;
     std::uint32_t sum = 0;
-    for (Variable &variable : state.variables)
-        variable.first_reference = sum += variable.first_reference;
+    for (Variable &variable : state.variables) {
+        sum += variable.first_reference;
+        variable.first_reference = sum;
+    }
     state.references.resize(sum);
     std::vector<std::uint32_t> next;
     for (const Variable &variable : state.variables)

@@ -45,11 +45,11 @@ std::uint32_t livefrom(std::uint32_t place)
 {
     std::uint32_t root = place;
     while (root < locals->statements.size()) {
-        if (locals->next_live[root] == root && locals->statements[root]->op == inst::statement)
+        std::uint32_t &next = locals->next_live[root];
+        if (next == root && locals->statements[root]->op == inst::statement)
             break;
-        if (locals->next_live[root] == root)
-            ++locals->next_live[root];
-        root = locals->next_live[root];
+        next = std::max(next, root + 1);
+        root = next;
     }
     while (place < locals->statements.size() && locals->next_live[place] != root) {
         const std::uint32_t next = locals->next_live[place];
