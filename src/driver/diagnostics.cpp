@@ -110,8 +110,6 @@ char *text_next;        // first free byte of the newest chunk of poolalloc()
 std::size_t text_left;  // free bytes behind it
 void *text_chunks;      // its chunks, newest first, chained by their first word
 
-char *record_next;  // the same for recordalloc()
-std::size_t record_left;
 std::size_t chunk_count;     // entries of pool::chunks in use
 std::size_t chunk_capacity;  // entries of pool::chunks
 
@@ -136,22 +134,24 @@ void growchunktable()
         outofmemory();
 }
 
-// Starts a new chunk of records behind the word that holds its number.
-void startchunk()
-{
-    growchunktable();
-    void *chunk = std::aligned_alloc(pool::chunk_size, pool::chunk_size);
-    if (!chunk || chunk_count >= (std::size_t{1} << (32 - pool::chunk_bits)))
-        outofmemory();
-    std::memcpy(chunk, &chunk_count, sizeof chunk_count);
-    pool::chunks[chunk_count++] = static_cast<char *>(chunk);
-    record_next = static_cast<char *>(chunk) + sizeof chunk_count;
-    record_left = pool::chunk_size - sizeof chunk_count;
-}
-
 }  // namespace
 
 char **pool::chunks;
+char *pool::next;
+char *pool::end;
+
+// Starts a new chunk of records behind the word that holds its number.
+void pool::startchunk()
+{
+    growchunktable();
+    void *chunk = std::aligned_alloc(chunk_size, chunk_size);
+    if (!chunk || chunk_count >= (std::size_t{1} << (32 - chunk_bits)))
+        outofmemory();
+    std::memcpy(chunk, &chunk_count, sizeof chunk_count);
+    chunks[chunk_count++] = static_cast<char *>(chunk);
+    next = static_cast<char *>(chunk) + sizeof chunk_count;
+    end = static_cast<char *>(chunk) + chunk_size;
+}
 
 void installmemoryhandler()
 {
@@ -186,28 +186,6 @@ void *poolalloc(std::size_t size)
     text_next += size;
     text_left -= size;
     return block;
-}
-
-void *recordalloc(std::size_t size, std::size_t alignment)
-{
-    // Chunks are aligned to more than any record, so what is left of one tells how its next byte is aligned.
-    std::size_t skipped = record_left & (alignment - 1);
-    if (size + skipped > record_left) {
-        startchunk();
-        skipped = 0;
-    }
-    char *record = record_next + skipped;
-    record_next = record + size;
-    record_left -= size + skipped;
-    return record;
-}
-
-void recordundo(const void *record, std::size_t size)
-{
-    if (static_cast<const char *>(record) + size != record_next)
-        return;
-    record_next -= size;
-    record_left += size;
 }
 
 const char *keeptext(std::string_view text)

@@ -63,19 +63,41 @@ void *release(void *block, void *value);
 // Returns a cleared block of `size` bytes that lives until the process ends. Blocks are cut from large chunks.
 void *poolalloc(std::size_t size);
 
-// Room, not cleared, for a record that can be referred to by its place, a number of 32 bits. Places start at 1 and
-// chunks are aligned to their size, so either can be worked out from the other. `size` is a multiple of the unit and at
-// most a chunk, `alignment` a power of two that is a multiple of the unit.
+// The pool of records that can be referred to by their place, a number of 32 bits. Places start at 1 and chunks are
+// aligned to their size, so either can be worked out from the other.
 namespace pool {
 inline constexpr unsigned unit = 4;  // records start at multiples of it
 inline constexpr unsigned chunk_bits = 16;
 inline constexpr std::size_t chunk_units = std::size_t{1} << chunk_bits;
 inline constexpr std::size_t chunk_size = chunk_units * unit;
 extern char **chunks;  // all chunks, by number; the first word of a chunk holds its number
+extern char *next;     // first free byte of the newest chunk
+extern char *end;      // behind its last one
+void startchunk();
 }  // namespace pool
-void *recordalloc(std::size_t size, std::size_t alignment);
+
+// Room, not cleared, for a record. `size` is a multiple of the unit and less than a chunk, `alignment` a power of two
+// that is a multiple of the unit. Inline: both are constants wherever records are made.
+inline void *recordalloc(std::size_t size, std::size_t alignment)
+{
+    const auto room = static_cast<std::size_t>(pool::end - pool::next);
+    // Chunks are aligned to more than any record, so what is left of one tells how its next byte is aligned.
+    std::size_t skipped = alignment > pool::unit ? room & (alignment - 1) : 0;
+    if (size + skipped > room) {
+        pool::startchunk();
+        skipped = 0;
+    }
+    char *record = pool::next + skipped;
+    pool::next = record + size;
+    return record;
+}
+
 // Takes the room of a record back if it was the last one to be given out.
-void recordundo(const void *record, std::size_t size);
+inline void recordundo(const void *record, std::size_t size)
+{
+    if (static_cast<const char *>(record) + size == pool::next)
+        pool::next -= size;
+}
 
 // A copy of `text` with a terminating NUL that lives until the process ends.
 const char *keeptext(std::string_view text);
