@@ -266,59 +266,63 @@ std::size_t scanoperator(const char *at, std::uint16_t &code)
     return length;
 }
 
-// What a token can be, by its first character.
-enum class Start : std::uint8_t { single, longer, word, letter_c, dot, digit, minus, quote, comment, end };
+// What a token can be, by its first character. A plain one is known by it: a word, a number, or an operator that no
+// other one begins with.
+enum class Start : std::uint8_t { plain, longer, letter_c, dot, zero, minus, quote, comment, end };
 
-constexpr std::array<Start, 256> makestarts()
+struct Opening {
+    Start start;
+    std::uint8_t continues;  // plain: the class of the characters that belong to the token as well
+    std::uint16_t code;      // of the token, but for strings, negative numbers and longer operators
+};
+
+constexpr std::array<Opening, 256> makeopenings()
 {
-    std::array<Start, 256> starts{};
+    std::array<Opening, 256> openings{};
+    for (std::size_t c = 0; c < openings.size(); ++c) {
+        if (classes[c] & opens_word)
+            openings[c] = {Start::plain, continues_word, token::identifier};
+        else if (classes[c] & is_digit)
+            openings[c] = {Start::plain, continues_number, token::number};
+        else
+            openings[c].code = singles[c];
+    }
+    const auto setstart = [&openings](char c, Start start) { openings[static_cast<unsigned char>(c)].start = start; };
     for (const Operator &row : operators)
         if (row.text.size() > 1)
-            starts[static_cast<unsigned char>(row.text[0])] = Start::longer;
-    for (std::size_t c = 0; c < starts.size(); ++c) {
-        if (classes[c] & opens_word)
-            starts[c] = Start::word;
-        else if (classes[c] & is_digit)
-            starts[c] = Start::digit;
-    }
-    starts['c'] = Start::letter_c;  // can open a c"..." string
-    starts['.'] = Start::dot;
-    starts['-'] = Start::minus;
-    starts['"'] = starts['\''] = Start::quote;
-    starts[';'] = Start::comment;
-    starts['\0'] = Start::end;
-    return starts;
+            setstart(row.text[0], Start::longer);
+    setstart('c', Start::letter_c);  // can open a c"..." string
+    setstart('.', Start::dot);
+    setstart('0', Start::zero);  // can open 0x...
+    setstart('-', Start::minus);
+    setstart('"', Start::quote);
+    setstart('\'', Start::quote);
+    setstart(';', Start::comment);
+    setstart('\0', Start::end);
+    return openings;
 }
 
-constexpr std::array<Start, 256> starts = makestarts();
+constexpr std::array<Opening, 256> openings = makeopenings();
 
-Start startof(char c)
+const Opening &openingof(char c)
 {
-    return starts[static_cast<unsigned char>(c)];
+    return openings[static_cast<unsigned char>(c)];
 }
 
-const char *scannumber(const char *at)
+// The end of the token that opens at `at`, if nothing but its first character matters.
+const char *plainend(const char *at, const Opening &opening)
 {
-    if (at[0] == '0' && at[1] == 'x')
-        return skipwhile(at + 2, is_hex);
-    return skipwhile(at + 1, continues_number);
-}
-
-const char *scanword(Token &t, const char *at)
-{
-    t.code = token::identifier;
-    return skipwhile(at + 1, continues_word);
+    return skipwhile(at + 1, opening.continues);
 }
 
 // Sets the code of the token that opens at t.text and returns its end; a c"..." string drops its c.
-const char *scantoken(Token &t, const char *at, Start start)
+const char *scantoken(Token &t, const char *at, const Opening &opening)
 {
-    switch (start) {
-    case Start::word:
-        return scanword(t, at);
+    t.code = opening.code;
+    switch (opening.start) {
     case Start::letter_c:
         if (at[1] != '"')
-            return scanword(t, at);
+            break;
         t.text = ++at;
         [[fallthrough]];
     case Start::quote:
@@ -326,54 +330,54 @@ const char *scantoken(Token &t, const char *at, Start start)
         return stringend(at);
     case Start::dot:
         if (at[1] != '.' || at[2] != '.')
-            return scanword(t, at);
+            break;
         t.code = token::ellipsis;
         return at + 3;
+    case Start::zero:
+        if (at[1] != 'x')
+            break;
+        return skipwhile(at + 2, is_hex);
     case Start::minus:
         if (!is(at[1], is_digit))
             return at + scanoperator(at, t.code);
         t.code = token::number;
-        return scannumber(at);
-    case Start::digit:
-        t.code = token::number;
-        return scannumber(at);
+        return skipwhile(at + 1, continues_number);
     case Start::longer:
-        if (is(at[1], continues_operator))
-            return at + scanoperator(at, t.code);
-        [[fallthrough]];
+        return at + scanoperator(at, t.code);
     default:
-        t.code = singles[static_cast<unsigned char>(*at)];
-        return at + 1;
+        break;
     }
+    return plainend(at, opening);
 }
 
 void endtoken(Token &t, const char *end)
 {
     cursor = end;
     t.len = static_cast<std::uint16_t>(end - t.text);
-    // Strings are scanned again: a fault in one is met each time.
-    last_text = t.code == token::string ? nullptr : t.text;
+    last_text = t.text;
     last_end = end;
     last_code = t.code;
 }
 
-// What gettoken() does about tokens that are neither words nor single characters, the smaller part. It stays a
-// function of its own: all its registers would have to be saved for the others as well.
-[[gnu::noinline]] void scanother(Token &t, const char *at, Start start)
+// What gettoken() does about tokens that are not plain, the smaller part. It stays a function of its own: all its
+// registers would have to be saved for the others as well.
+[[gnu::noinline]] void scanother(Token &t, const char *at, const Opening &opening)
 {
-    if (start == Start::comment) {
+    const bool comment = opening.start == Start::comment;
+    if (comment)
         at += std::strlen(at);
-        start = Start::end;
-    }
     t.lead = static_cast<std::uint16_t>(at - t.start);
     t.text = at;
-    if (start != Start::end) {
-        endtoken(t, scantoken(t, at, start));
+    if (comment || opening.start == Start::end) {
+        cursor = at;
+        t.code = token::end_of_line;
+        t.len = 0;
         return;
     }
-    cursor = at;
-    t.code = token::end_of_line;
-    t.len = 0;
+    endtoken(t, scantoken(t, at, opening));
+    // Strings are scanned again: a fault in one is met each time.
+    if (t.code == token::string)
+        last_text = nullptr;
 }
 
 }  // namespace
@@ -392,17 +396,17 @@ void gettoken(Token &t)
         return;
     }
     at = skipwhile(at, is_space);
-    const Start start = startof(*at);
-    if (start != Start::word && start != Start::single) {
-        scanother(t, at, start);
+    const Opening &opening = openingof(*at);
+    const bool plain =
+        opening.start == Start::plain || (opening.start == Start::longer && !is(at[1], continues_operator));
+    if (!plain) {
+        scanother(t, at, opening);
         return;
     }
     t.lead = static_cast<std::uint16_t>(at - t.start);
     t.text = at;
-    const bool word = start == Start::word;
-    t.code = word ? token::identifier : singles[static_cast<unsigned char>(*at)];
-    ++at;
-    endtoken(t, word ? skipwhile(at, continues_word) : at);
+    t.code = opening.code;
+    endtoken(t, plainend(at, opening));
 }
 
 void ungettoken(const Token &t)
