@@ -57,13 +57,11 @@ constexpr std::size_t ignored_word_length = 6;
 // A line that opens with the identifier `word`.
 int readkeywordline(const Token &word)
 {
-    const std::string_view text = tokentext(word);
-    for (const KeywordLine &line : keyword_lines)
-        if (line.word == text)
-            return line.read();
-    if (text.size() == ignored_word_length)
+    if (const KeywordLine *line = findword<keyword_lines>(word))
+        return line->read();
+    if (word.len == ignored_word_length)
         return 0;
-    report("unknow identifier %.*s\n", text);
+    report("unknow identifier %.*s\n", tokentext(word));
     return 1;
 }
 

@@ -154,6 +154,17 @@ Inst *readinvoke(Block *block, Inst *instruction)
     return readarguments(&instruction->expr->right, block, "missing ) in invoke") ? instruction : nullptr;
 }
 
+bool skiptailmarker(Token &t)
+{
+    if (!isword(t, "tail") && !isword(t, "notail") && !isword(t, "musttail"))
+        return true;
+    gettoken(t);
+    if (isword(t, "call"))
+        return true;
+    report("expecting call after tail marker");
+    return false;
+}
+
 namespace {
 
 // type words: a char takes the signedness that its extension states.

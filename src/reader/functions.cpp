@@ -99,42 +99,31 @@ constexpr StatementForm statement_forms[] = {
 };
 
 // The statement that opens with `word`; null for none.
-Inst *readstatement(std::string_view word, Block *block)
+Inst *readstatement(const Token &word, Block *block)
 {
-    if (after_invoke && word == "to")
+    if (after_invoke && isword(word, "to"))
         return readto();
-    for (const StatementForm &form : statement_forms)
-        if (form.word == word)
-            return form.read(block);
-    report("invalid instruction code %s", word);
+    if (const StatementForm *form = findword<statement_forms>(word))
+        return form->read(block);
+    report("invalid instruction code %s", tokentext(word));
     return nullptr;
 }
 
 // How a line of a body ends the reading of the function.
 enum class Line { goes_on, closes, abandons };
 
-bool istailword(const Token &t)
-{
-    return isword(t, "tail") || isword(t, "notail") || isword(t, "musttail");
-}
-
 // A statement or a label that opens with the identifier `first`.
 Line readwordline(Body &body, const Token &first)
 {
     Token word = first;
-    if (istailword(word)) {
-        gettoken(word);
-        if (!isword(word, "call")) {
-            report("expecting call after tail marker");
-            return Line::abandons;
-        }
-    }
+    if (!skiptailmarker(word))
+        return Line::abandons;
     if (acceptif(token::colon)) {
         readbodylabel(body, intern(tokentext(word)));
         return Line::goes_on;
     }
     openentry(body);
-    if (Inst *instruction = readstatement(tokentext(word), body.block))
+    if (Inst *instruction = readstatement(word, body.block))
         appendinst(body.block, instruction);
     return Line::goes_on;
 }

@@ -48,12 +48,8 @@ constexpr AttributeWord attribute_words[] = {
 // The flag of an attribute word, 0 for any other token.
 std::uint32_t attributeflag(const Token &t)
 {
-    if (t.code != token::identifier)
-        return 0;
-    for (const AttributeWord &row : attribute_words)
-        if (row.word.size() == t.len && row.word == tokentext(t))
-            return row.flag;
-    return 0;
+    const AttributeWord *row = findword<attribute_words>(t);
+    return row ? row->flag : 0;
 }
 
 void skiptokens(int count)

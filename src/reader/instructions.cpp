@@ -275,8 +275,8 @@ constexpr CompareMessages float_messages = {
 };
 
 // The predicate word; null after a report.
-template <std::size_t rows>
-const Predicate *readpredicate(const Predicate (&table)[rows])
+template <const auto &table>
+const Predicate *readpredicate()
 {
     Token t;
     gettoken(t);
@@ -284,11 +284,10 @@ const Predicate *readpredicate(const Predicate (&table)[rows])
         report("invalid compare code");
         return nullptr;
     }
-    for (const Predicate &row : table)
-        if (row.word == tokentext(t))
-            return &row;
-    report("invalid compare operator");
-    return nullptr;
+    const Predicate *predicate = findword<table>(t);
+    if (!predicate)
+        report("invalid compare operator");
+    return predicate;
 }
 
 // type left "," right, or "(" type left "," type right ")" of a constant compare; null after a report.
@@ -311,7 +310,7 @@ Expr *readcompareoperands(std::uint8_t op, Block *block, const CompareMessages &
 
 Inst *readintcompare(Inst *instruction, Block *block, const InstForm & /*form*/)
 {
-    const Predicate *predicate = readpredicate(int_predicates);
+    const Predicate *predicate = readpredicate<int_predicates>();
     if (!predicate)
         return nullptr;
     Expr *tree = readcompareoperands(predicate->op, block, int_messages);
@@ -328,7 +327,7 @@ Inst *readintcompare(Inst *instruction, Block *block, const InstForm & /*form*/)
 
 Inst *readfloatcompare(Inst *instruction, Block *block, const InstForm & /*form*/)
 {
-    const Predicate *predicate = readpredicate(float_predicates);
+    const Predicate *predicate = readpredicate<float_predicates>();
     if (!predicate)
         return nullptr;
     instruction->expr = readcompareoperands(predicate->op, block, float_messages);
@@ -472,11 +471,6 @@ Inst *readtermvalue(Inst *instruction, Block *block, const Token &word)
     return instruction;
 }
 
-bool istailmarker(const Token &t)
-{
-    return isword(t, "tail") || isword(t, "notail") || isword(t, "musttail");
-}
-
 }  // namespace
 
 Expr *forcesign(Expr *operand)
@@ -521,20 +515,14 @@ Inst *readinst(Name *name, Block *block)
         report("invalid operator name in instruction");
         return nullptr;
     }
-    if (istailmarker(t)) {
-        gettoken(t);
-        if (!isword(t, "call")) {
-            report("expecting call after tail marker");
-            return nullptr;
-        }
-    }
+    if (!skiptailmarker(t))
+        return nullptr;
     Inst *instruction = newinst();
     instruction->name = name;
     if (isword(t, "getelementptr") || isword(t, "bitcast"))
         return readtermvalue(instruction, block, t);
-    for (const InstForm &form : inst_forms)
-        if (form.word.size() == t.len && form.word == tokentext(t))
-            return form.read(instruction, block, form);
+    if (const InstForm *form = findword<inst_forms>(t))
+        return form->read(instruction, block, *form);
     report("unimplemented operator %.*s", tokentext(t));
     return nullptr;
 }

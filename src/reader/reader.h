@@ -8,7 +8,10 @@
 #include "model/model.h"
 
 #include <cstdint>
+#include <cstring>
+#include <iterator>
 #include <string_view>
+#include <utility>
 
 // ---- Scanner (scanner.cpp) --------------------------------------------------------------------------------------
 
@@ -52,6 +55,27 @@ inline std::string_view tokentext(const Token &t)
 inline bool isword(const Token &t, std::string_view word)
 {
     return t.code == token::identifier && tokentext(t) == word;
+}
+// The row of `table` whose member `word` is the text of the token, null for none and for a token that is no identifier.
+// Each row has a comparison of its own, with a word of known length.
+template <const auto &table, std::size_t place>
+bool isrow(std::string_view text)
+{
+    constexpr std::string_view word = table[place].word;
+    return text.size() == word.size() && std::memcmp(text.data(), word.data(), word.size()) == 0;
+}
+template <const auto &table, std::size_t... places>
+auto findword(std::string_view text, std::index_sequence<places...> /*rows*/) -> decltype(&table[0])
+{
+    decltype(&table[0]) found = nullptr;
+    static_cast<void>(((isrow<table, places>(text) && (found = &table[places])) || ...));
+    return found;
+}
+template <const auto &table>
+auto findword(const Token &t)
+{
+    const std::string_view text = t.code == token::identifier ? tokentext(t) : std::string_view();
+    return findword<table>(text, std::make_index_sequence<std::size(table)>());
 }
 // Takes the next token if its code is `code`, or reports `message` and returns false; the token is taken either way.
 bool expect(std::uint16_t code, const char *message);
@@ -111,6 +135,8 @@ Expr *forcesign(Expr *operand);
 // What follows the words `call` and `invoke`. `instruction` is the Inst of a value line; null makes a statement.
 Inst *readcall(Block *block, Inst *instruction);
 Inst *readinvoke(Block *block, Inst *instruction);
+// Takes the marker in front of the word `call`, if `t` is one; `t` is then that word. Returns false after a report.
+bool skiptailmarker(Token &t);
 // One argument of a call.
 Expr *readparam(Block *block);
 // One parameter of a function header; unnamed ones are numbered from unnamed_params.

@@ -298,9 +298,8 @@ Expr *readterm(Type *type, Block *block)
             return readaggregateconstant(node, block);
         break;
     case token::identifier:
-        for (const TermWord &row : term_words)
-            if (row.word.size() == t.len && row.word == tokentext(t))
-                return row.read(node, block);
+        if (const TermWord *row = findword<term_words>(t))
+            return row->read(node, block);
         break;
     default:
         break;

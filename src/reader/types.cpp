@@ -190,11 +190,9 @@ Type *closepart(Type *part)
 
 Type *readbasetype(const Token &t)
 {
-    const std::string_view word = tokentext(t);
-    for (const BaseType &row : base_types)
-        if (row.word == word)
-            return makenode(row.kind, nullptr);
-    report("invalid base type %.*s", word);
+    if (const BaseType *row = findword<base_types>(t))
+        return makenode(row->kind, nullptr);
+    report("invalid base type %.*s", tokentext(t));
     return makenode(kind::int16, nullptr);
 }
 
