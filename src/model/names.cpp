@@ -28,23 +28,39 @@ constinit std::vector<NameSlot> name_table;
 std::size_t name_count;
 constexpr std::size_t first_capacity = std::size_t{1} << 12;
 
+// The bytes at `at` as a number.
+template <class Word>
+std::uint64_t wordat(const char *at)
+{
+    Word word = 0;
+    std::memcpy(&word, at, sizeof word);
+    return word;
+}
+
+// Up to seven bytes as a number that no other text of the same length has.
+std::uint64_t tailword(const char *at, std::size_t length)
+{
+    constexpr std::size_t half = sizeof(std::uint32_t);
+    if (length >= half)
+        return wordat<std::uint32_t>(at) << 32U | wordat<std::uint32_t>(at + length - half);
+    if (length == 0)
+        return 0;
+    const auto byte = [at](std::size_t place) { return static_cast<unsigned>(static_cast<unsigned char>(at[place])); };
+    return byte(0) << 16U | byte(length / 2) << 8U | byte(length - 1);
+}
+
+// Eight bytes a step: names are short, and this runs for every identifier of the input.
 std::uint32_t hashtext(std::string_view text)
 {
-    // Eight bytes a step: names are short, and this runs for every identifier of the input.
     constexpr std::uint64_t multiplier = 0x9E3779B97F4A7C15U;
     std::uint64_t hash = text.size() * multiplier;
     const char *at = text.data();
     std::size_t left = text.size();
     for (; left >= sizeof hash; left -= sizeof hash, at += sizeof hash) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, at, sizeof word);
-        hash = (hash ^ word) * multiplier;
+        hash = (hash ^ wordat<std::uint64_t>(at)) * multiplier;
         hash ^= hash >> 29U;
     }
-    std::uint64_t word = 0;
-    if (left)
-        std::memcpy(&word, at, left);
-    hash = (hash ^ word) * multiplier;
+    hash = (hash ^ tailword(at, left)) * multiplier;
     hash ^= hash >> 32U;
     return static_cast<std::uint32_t>(hash);
 }
