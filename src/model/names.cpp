@@ -80,10 +80,18 @@ void growtable()
     }
 }
 
+// A text of usual length stands behind its record: who compares it has just read the record.
 Name *newname(std::string_view text)
 {
-    Name *name = newrecord<Name>();
-    name->text = keeptext(text);
+    constexpr std::size_t usual_length = 63;
+    const bool usual = text.size() <= usual_length;
+    const std::size_t behind = usual ? (text.size() / alignof(Name) + 1) * alignof(Name) : 0;
+    char *room = static_cast<char *>(recordalloc(sizeof(Name) + behind, alignof(Name)));
+    Name *name = new (room) Name{};
+    char *copy = room + sizeof(Name);
+    if (usual)
+        *std::copy(text.begin(), text.end(), copy) = '\0';
+    name->text = usual ? copy : keeptext(text);
     name->length = static_cast<std::uint32_t>(text.size());
     return name;
 }
