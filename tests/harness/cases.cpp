@@ -1,7 +1,6 @@
 // Runs the cases of tests/cases, each as a test of its own: the suite is the file's name, the test the case's name.
 // README.md describes the files. Behind ";! " in the IR stands an error that is reported at its line.
-#include "harness/process.h"
-#include "harness/text.h"
+#include "harness/harness.h"
 
 #include <algorithm>
 #include <cctype>
@@ -39,6 +38,12 @@ struct Reader {
     Lines lines;
     size_t at = 0;
 };
+
+void drop_blank_tail(Lines &lines)
+{
+    while (!lines.empty() && lines.back().empty())
+        lines.pop_back();
+}
 
 [[noreturn]] void reject(const Reader &reader, const std::string &what)
 {
@@ -87,7 +92,7 @@ Expectation take_expectation(Reader &reader)
     reader.at++;
     made.text = take_text(reader);
     if (made.kind != "file")
-        harness::drop_blank_tail(made.text);
+        drop_blank_tail(made.text);
     else if (reader.at < reader.lines.size() && !made.text.empty())
         made.text.pop_back();
     return made;
@@ -108,7 +113,7 @@ Case take_case(Reader &reader)
         reject(reader, "expected --- ir");
     reader.at++;
     take_ir(made, take_text(reader));
-    harness::drop_blank_tail(made.ir);
+    drop_blank_tail(made.ir);
     while (at_line(reader, "--- "))
         made.expectations.push_back(take_expectation(reader));
     if (made.expectations.empty() && made.errors.empty())
@@ -133,7 +138,7 @@ Lines section_of(const Lines &output, const std::string &name)
         start = output.end() - start < 2 ? output.end() : start + 2;
     }
     Lines lines(start, std::find_if(start, output.end(), is_section_head));
-    harness::drop_blank_tail(lines);
+    drop_blank_tail(lines);
     return lines;
 }
 
@@ -185,19 +190,14 @@ Lines abbreviate(const std::string &err)
 
 void compare(const std::string &what, const Lines &expected, const Lines &actual)
 {
-    if (expected != actual)
-        ADD_FAILURE() << what << " differs (- expected, + actual):\n"
-                      << harness::difference(harness::join_lines(expected), harness::join_lines(actual));
+    EXPECT_EQ(harness::join_lines(expected), harness::join_lines(actual)) << what;
 }
 
 void check(const Expectation &expected, const Lines &output)
 {
-    if (expected.kind == "body")
-        compare("body " + expected.argument, expected.text, body_of(output, expected.argument));
-    else if (expected.kind == "section")
-        compare("section " + expected.argument, expected.text, section_of(output, expected.argument));
-    else
-        compare("output file", expected.text, output);
+    const bool file = expected.kind == "file";
+    const auto part_of = expected.kind == "body" ? body_of : section_of;
+    compare(expected.kind + " " + expected.argument, expected.text, file ? output : part_of(output, expected.argument));
 }
 
 class CaseTest : public testing::Test {

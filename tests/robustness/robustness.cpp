@@ -1,7 +1,7 @@
 // Inputs that nobody writes: damaged modules, bytes of no meaning, nesting and lines beyond any size. Whatever they
 // hold, quarl ends in time with status 0 or 1, and status 1 never comes without a message.
 // All are made from fixed seeds, so that a run that fails can be repeated.
-#include "harness/process.h"
+#include "harness/harness.h"
 
 #include <array>
 #include <filesystem>

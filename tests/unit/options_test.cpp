@@ -1,5 +1,5 @@
 // The command line as a user meets it: the program is run, and what it writes and how it ends is compared.
-#include "harness/process.h"
+#include "harness/harness.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>

@@ -1,14 +1,15 @@
-// Runs programs for the tests: each in a directory of its own, with a time limit, its output captured.
+// What the tests share: files in a directory of their own, texts as lines, and programs that are run there with a time
+// limit and their output captured.
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace harness {
 
 struct Result {
-    int status = -1;  // exit status, -1 when a signal ended the process
-    int signal = 0;   // the signal that ended it, or 0; SIGALRM means that the time was up
+    int status = -1;  // exit status; 124 when the time was up, -1 when a signal ended the process
     std::string out;  // standard output
     std::string err;  // standard error
 };
@@ -27,6 +28,12 @@ std::string read_file(const std::string &path);
 
 bool file_exists(const std::string &path);
 
+// Splits behind each newline; the newlines themselves go. A last line needs no newline.
+std::vector<std::string> split_lines(std::string_view text);
+
+// Gives the lines with a newline behind each.
+std::string join_lines(const std::vector<std::string> &lines);
+
 // Runs program with the arguments in directory, with no standard input, and ends it after `seconds`.
 Result run(const std::string &program, const std::vector<std::string> &arguments, const std::string &directory,
            unsigned seconds = 60);
@@ -34,7 +41,7 @@ Result run(const std::string &program, const std::vector<std::string> &arguments
 // The quarl to test: the environment's QUARL_BINARY, or else the one that was built.
 std::string quarl_binary(const char *built);
 
-// Says in one line how the process ended, and what it wrote to standard error.
+// Says how the process ended, and what it wrote to standard error.
 std::string describe(const Result &result);
 
 }  // namespace harness
