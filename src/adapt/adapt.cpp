@@ -2,6 +2,7 @@
 #include "adapt/function.h"
 #include "adapt/intrinsics.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace adapt {
@@ -144,33 +145,26 @@ void adapt_definition(Module &module, std::string_view header, std::size_t &at)
     }
 }
 
-// The text of a line by its number, for messages: the IR is often a temporary file. The starts of the lines are looked
-// for once, since a module can have a message for each line.
-std::string_view line_text(Module &module, std::size_t number)
+// Writes the messages in the order of the lines, which isn't that of the passes, each with its line: the IR is often a
+// temporary file. A word that a line has twice is told once.
+void show_messages(Module &module)
 {
-    if (module.line_starts.empty()) {
-        for (std::size_t at = 0; at < module.text.size();) {
-            module.line_starts.push_back(at);
-            next_line(module.text, at);
+    std::stable_sort(module.messages.begin(), module.messages.end(),
+                     [](const Message &a, const Message &b) { return a.line < b.line; });
+    std::size_t number = 0;
+    std::size_t at = 0;
+    std::string_view text;
+    const Message *last = nullptr;
+    for (const Message &message : module.messages) {
+        for (; number < message.line && at < module.text.size(); ++number) {
+            text = next_line(module.text, at).substr(0, longest_shown);
         }
+        if (last == nullptr || last->line != message.line || last->text != message.text) {
+            std::fprintf(stderr, "quarl-adapt: %s:%zu: %s\n  | %.*s\n", module.file.c_str(), message.line,
+                         message.text.c_str(), static_cast<int>(text.size()), text.data());
+        }
+        last = &message;
     }
-    if (number == 0 || number > module.line_starts.size()) {
-        return {};
-    }
-    std::size_t at = module.line_starts[number - 1];
-    return next_line(module.text, at).substr(0, longest_shown);
-}
-
-void show(Module &module, const std::string &message)
-{
-    if (module.line == module.last_line && message == module.last_message) {
-        return;  // the same word twice in a line
-    }
-    module.last_line = module.line;
-    module.last_message = message;
-    const std::string_view text = line_text(module, module.line);
-    std::fprintf(stderr, "quarl-adapt: %s:%zu: %s\n  | %.*s\n", module.file.c_str(), module.line, message.c_str(),
-                 static_cast<int>(text.size()), text.data());
 }
 
 }  // namespace
@@ -192,12 +186,12 @@ Tokens compose(Module &module, std::initializer_list<std::string_view> pieces)
 void refuse(Module &module, const std::string &message)
 {
     ++module.errors;
-    show(module, message);
+    module.messages.push_back({module.line, message});
 }
 
 void warn(Module &module, const std::string &message)
 {
-    show(module, "warning: " + message);
+    module.messages.push_back({module.line, "warning: " + message});
 }
 
 void adapt(Module &module)
@@ -214,6 +208,7 @@ void adapt(Module &module)
             adapt_line(module, line);
         }
     }
+    show_messages(module);
 }
 
 }  // namespace adapt

@@ -2,6 +2,7 @@
 #include "adapt/constants.h"
 #include "adapt/function.h"
 #include "adapt/intrinsics.h"
+#include "adapt/words.h"
 
 #include <algorithm>
 #include <array>
@@ -519,7 +520,10 @@ void adapt_instruction(Module &module, Function &function, Line &line)
     }
     const auto *const row =
         std::find_if(rows.begin(), rows.end(), [=](const Row &candidate) { return candidate.op == op; });
-    if (row == rows.end() && std::find(plain_operators.begin(), plain_operators.end(), op) == plain_operators.end()) {
+    const bool plain = std::find(plain_operators.begin(), plain_operators.end(), op) != plain_operators.end();
+    const WordRule *rule = find_word(op);
+    const bool refused = rule != nullptr && rule->action == Action::refuse;  // and told, like any such word
+    if (row == rows.end() && !plain && !refused) {
         refuse(module, "instruction '" + std::string(op) + "'");
     }
     const bool kept = row == rows.end() || row->rewrite(module, function, line.tokens, before);

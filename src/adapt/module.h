@@ -47,6 +47,12 @@ struct Inline {
     bool in_circle = false;          // is called by one that it calls
 };
 
+// What is said of a line.
+struct Message {
+    std::size_t line;
+    std::string text;
+};
+
 struct Module {
     std::string_view text;  // the input
     std::string file;       // its name, for messages
@@ -55,9 +61,7 @@ struct Module {
     std::size_t errors = 0;
     std::deque<std::string> made;  // token texts that don't stand in the input
 
-    std::vector<std::size_t> line_starts;  // for messages
-    std::size_t last_line = 0;             // the last message
-    std::string last_message;
+    std::vector<Message> messages;
 
     std::unordered_map<std::string, std::string> globals;  // names that are written in another way
     std::unordered_set<std::string> global_forms;          // the C names of all globals
@@ -84,10 +88,10 @@ std::string_view keep(Module &module, std::string text);
 // A line that the adapter writes itself, from its pieces.
 Tokens compose(Module &module, std::initializer_list<std::string_view> pieces);
 
-// Reports what can't be adapted, with the current line, and counts it: nothing is written then.
+// Notes what can't be adapted in the current line, and counts it: nothing is written then.
 void refuse(Module &module, const std::string &message);
 
-// Reports what is lost without harm to what the program computes.
+// Notes what is lost without harm to what the program computes.
 void warn(Module &module, const std::string &message);
 
 // ---- names.cpp: spellings ----
