@@ -47,14 +47,6 @@ static void insert_sorted(Node **link, int value)
     while (*link && (*link)->value < value) link = &(*link)->next;
     *link = new Node(value, *link);
 }
-static int remove_even(Node **link)
-{
-    int count = 0;
-    while (Node *node = *link)
-        if (node->value % 2 == 0) *link = node->next, count++, delete node;
-        else link = &node->next;
-    return count;
-}
 static Node *insert(Node *tree, int value)
 {
     if (!tree) return new Node(value);
@@ -79,7 +71,6 @@ int main()
     first->size = sizeof(arena) - head;
     for (int i = 0; i < 7; i++) insert_sorted(&list, i * 7 % 10);
     for (Node *node = list; node; node = node->next) put("list", node->value);
-    put("removed", remove_even(&list)), put("first", list->value), put("second", list->next->value);
     for (int i = 0; i < 9; i++) tree = insert(tree, i * 11 % 13 + 1);
     char *text = new char[20];
     text[19] = 'a', put("text", text[19]), put("depth", walk(tree, show)), put64("sum", sum);
