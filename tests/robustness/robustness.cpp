@@ -3,13 +3,14 @@
 // All are made from fixed seeds, so that a run that fails can be repeated.
 #include "harness/harness.h"
 
-#include <array>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <random>
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -72,42 +73,29 @@ size_t below(std::mt19937 &random, size_t bound)
     return bound == 0 ? 0 : random() % bound;
 }
 
-// The piece of the text from `at` on that stands between two of the signs.
-std::string_view piece_at(std::string_view text, size_t at, std::string_view signs)
-{
-    const size_t start = std::min(text.find_first_not_of(signs, at), text.size());
-    return text.substr(start, text.find_first_of(signs, start) - start);
-}
-
-std::string_view line_at(std::string_view text, size_t at)
-{
-    const size_t start = text.rfind('\n', at) + 1;
-    return text.substr(start, text.find('\n', start) - start + 1);
-}
-
-// Replaces, takes out or adds a token or a line, or changes a byte.
+// Changes, takes out or adds a byte, a word or a line.
 void mutate(std::string &text, std::mt19937 &random)
 {
     // Words and signs that a reader may take for the start of something.
     static const std::vector<std::string> fragments = {
-        "{",   "}",      "[",     "]",     "(",    ")",     "<",          ">",  "*",    ",",   "=",
-        ":",   "@",      "%",     "!",     "#0",   "\"",    "c\"",        "\\", "...",  "i8",  "i16",
-        "i64", "float",  "void",  "label", "null", "undef", "to",         "x",  "type", "phi", "br",
-        "ret", "switch", "store", "load",  "call", "-1",    "4294967296", "0x", "%a",   "@b",  "zeroinitializer"};
-    constexpr std::string_view blanks = " \n\t,";
-    const size_t at = below(random, text.size());
-    const std::string &fragment = fragments[below(random, fragments.size())];
-    const std::string token(piece_at(text, below(random, text.size()), blanks));
-    const std::string line(line_at(text, below(random, text.size())));
-    const std::array<std::string, 7> by = {fragment, token, "", line, "", line, " " + fragment + " "};
-    const size_t way = random() % (by.size() + 1);
-    const std::string_view old = way < 3 ? piece_at(text, at, blanks) : line_at(text, at);
-    if (way == by.size())
-        text[at] = static_cast<char>(random() & 0xFFU);
-    else if (way < 5)
-        text.replace(static_cast<size_t>(old.data() - text.data()), old.size(), by[way]);
-    else
-        text.insert(at, by[way]);
+        "{",    "}",      "[",    "]",     "(",  ")",    "<",          ">",  "*",   ",",    "=",
+        ":",    "@",      "%",    "!",     "#0", "\"",   "c\"",        "\\", "...", "i8",   "i16",
+        "i64",  "void",   "to",   "label", "x",  "null", "phi",        "br", "ret", "type", "undef",
+        "call", "switch", "load", "store", "-1", "0x",   "4294967296", "%a", "@b"};
+    static const std::string bounds[] = {" \n\t,", "\n", ""};  // of words, of lines, and of nothing: a byte
+    const std::string &bound = bounds[below(random, std::size(bounds))];
+    const auto piece = [&text, &bound, &random] {
+        const size_t place = below(random, text.size());
+        if (bound.empty())
+            return std::pair(place, size_t{1});
+        const size_t start = text.find_last_of(bound, place) + 1;
+        return std::pair(start, std::min(text.find_first_of(bound, start), text.size()) - start);
+    };
+    const auto [at, length] = piece();
+    const auto [other, other_length] = piece();
+    const std::string by[] = {"", fragments[below(random, fragments.size())], text.substr(other, other_length),
+                              std::string(1, static_cast<char>(random() & 0xFFU))};
+    text.replace(at, below(random, 2) * length, by[below(random, std::size(by))]);
 }
 
 // What stands around `count` times `open`, and around as many times `close` behind it.
@@ -207,19 +195,15 @@ TEST(robustness, long_lines)
     const std::vector<Pattern> patterns = {
         {"name", head + "@", "a", " = global i16 1\n", "", ""},
         {"number", head + "@a = global i16 ", "9", "\n", "", ""},
-        {"array bound", head + "@a = global [", "9", " x i8] zeroinitializer\n", "", ""},
         {"open string", head + "@a = global [9 x i8] c\"", "aaaa", "\n", "", ""},
         {"string", head + "@a = global [9 x i8] c\"", "\\0A", "\"\n", "", ""},
-        {"source name", "source_filename = \"", "\\22", ".cpp\"\n", "", ""},
         {"list", head + "@a = global [9 x i8] [", "i8 1, ", "i8 1]\n", "", ""},
         {"parameter list", head + "declare void @a(", "i8, ", "i8)\n", "", ""},
         {"structure", head + "%struct.a = type { ", "i8, ", "i8 }\n", "", ""},
-        {"function type", head + "@a = external global void (", "i8, ", "i8)*\n", "", ""},
         {"call", function_head + "  call void @g(", "i8 1, ", "i8 1)\n", "", function_end},
         {"words", head + "@a = ", "internal ", "\n", "", ""},
         {"blanks", head, "     ", "x\n", "", ""},
         {"metadata", head + "!1 = !{", "!2, ", "!2}\n", "", ""},
-        {"signs", "", "%@!{}", "", "", ""},
         {"comment", head + ";", "xxxx", "\n", "", ""},
     };
     survive_all(repeated(patterns, 1500000));
@@ -232,19 +216,15 @@ TEST(robustness, deep_nests)
     const std::vector<Pattern> patterns = {
         {"open structures", global, "{", "\n", "", ""},
         {"structures", global, "{", "i8", "}", "\n"},
-        {"structures in a type line", head + "%struct.a = type {", "{", "\n", "", ""},
         {"arrays", global, "[1 x ", "i8", "]", "\n"},
         {"pointers", global + "i8", "*", "\n", "", ""},
         {"functions", global + "i8", " ()*", "\n", "", ""},
         {"parameters", global, "i8 (", "", ")*", "\n"},
         {"casts", constant, "bitcast (i8* ", "null", " to i8*)", "\n"},
-        {"open casts", constant, "bitcast (", "\n", "", ""},
         {"elements", constant, "getelementptr (i8, i8* ", "null", ", i16 1)", "\n"},
-        {"braces", head + "@a = global [1 x i8] ", "[", "\n", "", ""},
         {"braces with types", head + "@a = global [1 x i8] ", "[[1 x i8] ", "", "]", "\n"},
         {"brackets of blocks", function_head + "  switch i16 1, label %a [", "[", "\n", "", function_end},
         {"operands", function_head + "  %v = add i16 ", "add (i16 ", "1\n", "", function_end},
-        {"words on lines", "", "{\n", "", "", ""},
     };
     survive_all(repeated(patterns, 1000));
     survive_all(repeated(patterns, 300000));
@@ -258,9 +238,6 @@ TEST(robustness, deep_functions)
     survive_all({
         {"sum", in_function("  %v = load i16, i16* @g\n  %v0 = add i16 %v, 1\n" +
                             numbered(depth, "  %v# = add nsw i16 %v&, #\n") + "  store i16 %v" + last + ", i16* @g\n")},
-        {"elements",
-         in_function("  %v0 = load i8*, i8** @g\n" + numbered(depth, "  %v# = getelementptr i8, i8* %v&, i16 1\n") +
-                     "  store i8* %v" + last + ", i8** @g\n")},
         {"loads", in_function("  %v0 = bitcast i8* %p to i8**\n" + numbered(depth, "  %v# = load i8**, i8*** %v&\n") +
                               "  store i8** %v" + last + ", i8*** @g\n")},
         {"calls", in_function(numbered(depth, "  %v# = call i16 @h(i16 #)\n"))},
