@@ -73,7 +73,7 @@ inline constexpr std::size_t chunk_size = chunk_units * unit;
 extern char **chunks;  // all chunks, by number; the first word of a chunk holds its number
 extern char *next;     // first free byte of the newest chunk
 extern char *end;      // behind its last one
-void startchunk();
+void startchunk();     // makes a new one, with its number
 }  // namespace pool
 
 // Room, not cleared, for a record. `size` is a multiple of the unit and less than a chunk, `alignment` a power of two
