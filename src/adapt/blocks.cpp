@@ -68,6 +68,26 @@ std::string_view label_of(Module &module, const Block &block)
     return block.label.empty() ? std::string_view() : keep(module, "%" + std::string(block.label[0].text));
 }
 
+void rename_labels(Module &module, Blocks &blocks, const Renames &labels)
+{
+    if (labels.empty()) {
+        return;
+    }
+    for (Block &block : blocks.list) {
+        const auto own = labels.find(label_of(module, block));
+        if (own != labels.end()) {
+            block.label[0] = {Kind::word, "", own->second.substr(1)};
+        }
+        for (Line &line : block.lines) {
+            for (Token &token : line.tokens) {
+                const auto found = token.kind == Kind::local ? labels.find(token.text) : labels.end();
+                token.text = found == labels.end() ? token.text : found->second;
+            }
+        }
+    }
+    index_blocks(module, blocks);
+}
+
 std::size_t terminator_of(const Block &block)
 {
     const auto found = std::find_if(block.lines.begin(), block.lines.end(), is_terminator);

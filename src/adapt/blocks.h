@@ -30,6 +30,16 @@ void index_blocks(Module &module, Blocks &blocks);
 // The label with its %, as the branches name it. Empty for an entry block without one.
 std::string_view label_of(Module &module, const Block &block);
 
+// Whether a label, with its %, begins with the prefix and goes on.
+inline bool begins(std::string_view label, std::string_view prefix)
+{
+    return label.size() > prefix.size() && label.substr(1).starts_with(prefix);
+}
+
+// Writes labels in another way wherever they stand: in their lines, in branches and in phis.
+using Renames = std::unordered_map<std::string_view, std::string_view>;  // both with their %
+void rename_labels(Module &module, Blocks &blocks, const Renames &labels);
+
 // Position of the block's terminator in its lines, or lines.size().
 std::size_t terminator_of(const Block &block);
 

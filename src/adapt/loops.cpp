@@ -22,11 +22,6 @@ struct Loops {
     Blocks &blocks;
 };
 
-bool begins(std::string_view label, std::string_view prefix)
-{
-    return label.size() > prefix.size() && label.substr(1).starts_with(prefix);
-}
-
 std::string_view op_of(const Tokens &tokens)
 {
     const Instruction parts = find_parts(tokens);
@@ -295,6 +290,30 @@ bool begins_one_of(std::string_view label, std::initializer_list<std::string_vie
                        [=](std::string_view prefix) { return begins(label, prefix); });
 }
 
+bool is_arm(std::string_view label)
+{
+    return begins_one_of(label, {"if.then", "if.else", "sw.bb", "sw.default"});
+}
+
+// If the last branch back is that of a `continue` in an if, and what follows leaves the loop or the function, the body
+// has no end that leads back. It gets one, which nothing leads to. Inner loops hide which end is whose.
+void add_end_of_body(Loops &loops, std::size_t start, std::size_t last)
+{
+    const auto label_at = [&](std::size_t place) { return label_of(loops.module, loops.blocks.list[place]); };
+    if (last == start || !is_arm(label_at(last))) {
+        return;
+    }
+    std::size_t end = last + 1;
+    while (end < loops.blocks.list.size() && !begins_one_of(label_at(end), {"while.", "for.", "do."})) {
+        ++end;
+    }
+    if (end == loops.blocks.list.size() || end == last + 1 || !begins_one_of(label_at(end), {"while.end", "for.end"})) {
+        return;
+    }
+    const std::string_view tail = fresh_name(loops.module, loops.function, "loop.tail");
+    insert_block(loops, end, make_block(loops, loops.blocks.list[end].number, tail, label_at(start)));
+}
+
 // A loop that nothing leaves but a return has no block behind it, and so nothing that closes its brace. It gets one.
 // The last branch back has to be the end of the body: what follows a branch within an if would belong to the body.
 void close_endless(Loops &loops, std::size_t start, std::size_t last)
@@ -305,7 +324,7 @@ void close_endless(Loops &loops, std::size_t start, std::size_t last)
         return;
     }
     const std::string_view from = label_of(loops.module, loops.blocks.list[last]);
-    if (last != start && begins_one_of(from, {"if.then", "if.else", "sw.bb", "sw.default"})) {
+    if (last != start && is_arm(from)) {
         loops.module.line = loops.blocks.list[start].number;
         refuse(loops.module, "endless loop whose body doesn't lead back at its end");
         return;
@@ -326,6 +345,8 @@ void rewrite_endless(Loops &loops, std::size_t place)
     if (edges.empty()) {
         return;
     }
+    add_end_of_body(loops, place, edges.back());
+    edges = back_edges(loops, place, false);
     const std::size_t last = edges.back();
     close_endless(loops, place, last);
     const bool steps = is_for && begins(label_of(loops.module, loops.blocks.list[last]), "for.inc");

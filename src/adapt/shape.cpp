@@ -9,12 +9,14 @@
 //                   become an if
 //   phi             outside of ?:, && and || becomes a variable, stored to where the values come from
 //   loops           with statements in their conditions, see loops.cpp
+//   else            whose if both arms leave becomes what follows the if, see elses.cpp
 //   cleanup         the switch over where to go on behind a destructor becomes a chain of ifs with a jump in each
 //   operands        of the phis that stay: quarl writes the last value of the block that they come from, and a call
 //                   twice; a cast to the same type as the last line of the block prevents both
 #include "adapt/shape.h"
 
 #include "adapt/blocks.h"
+#include "adapt/elses.h"
 #include "adapt/loops.h"
 
 #include <algorithm>
@@ -28,18 +30,13 @@ struct Shape {
     Module &module;
     Function &function;
     Blocks blocks;
-    std::unordered_map<std::string_view, std::string_view> labels;  // renamed, both with their %
+    Renames labels;
 };
 
 struct Pair {
     Range value;
     std::string_view label;
 };
-
-bool begins(std::string_view label, std::string_view prefix)
-{
-    return label.size() > prefix.size() && label.substr(1).starts_with(prefix);
-}
 
 template <std::size_t Count>
 bool begins_one(std::string_view label, const std::array<std::string_view, Count> &prefixes)
@@ -592,29 +589,6 @@ void rewrite_cleanups(Shape &shape)
 
 // ---- All of it ----
 
-void write_labels_in(const Shape &shape, Tokens &tokens)
-{
-    for (Token &token : tokens) {
-        const auto found = token.kind == Kind::local ? shape.labels.find(token.text) : shape.labels.end();
-        if (found != shape.labels.end()) {
-            token.text = found->second;
-        }
-    }
-}
-
-void write_labels(Shape &shape)
-{
-    for (Block &block : shape.blocks.list) {
-        const auto label = shape.labels.find(label_of(shape.module, block));
-        if (label != shape.labels.end()) {
-            block.label[0] = {Kind::word, "", label->second.substr(1)};
-        }
-        for (Line &line : block.lines) {
-            write_labels_in(shape, line.tokens);
-        }
-    }
-}
-
 void drop_dead_pairs(Blocks &blocks)
 {
     for (Block &block : blocks.list) {
@@ -644,12 +618,13 @@ void drop_dead_blocks(Module &module, std::vector<Line> &lines)
 void settle_shape(Module &module, Function &function)
 {
     Shape shape{module, function, split_blocks(module, *function.lines), {}};
+    open_elses(module, function, shape.blocks);
     rewrite_cleanups(shape);
     rewrite_loops(module, function, shape.blocks, difficult_blocks(shape));
     rewrite_choices(shape);
     rewrite_skips(shape);
     rewrite_phis(shape);
-    write_labels(shape);
+    rename_labels(module, shape.blocks, shape.labels);
     join_blocks(shape.blocks, *function.lines);
 }
 
