@@ -271,23 +271,101 @@ std::vector<std::size_t> back_edges(const Loops &loops, std::size_t place, bool 
     return edges;
 }
 
-// `do ... while (1)` has no condition to write, and quarl would write 0. It becomes an endless while.
-void rename_endless_do(Loops &loops, std::size_t place)
-{
-    if (!back_edges(loops, place, true).empty() || back_edges(loops, place, false).empty()) {
-        return;
-    }
-    const std::size_t last = back_edges(loops, place, false).back();
-    rename_everywhere(loops, place, fresh_name(loops.module, loops.function, "while.body"));
-    if (last + 1 < loops.blocks.list.size() && begins(label_of(loops.module, loops.blocks.list[last + 1]), "do.end")) {
-        rename_everywhere(loops, last + 1, fresh_name(loops.module, loops.function, "while.end"));
-    }
-}
-
 bool begins_one_of(std::string_view label, std::initializer_list<std::string_view> prefixes)
 {
     return std::any_of(prefixes.begin(), prefixes.end(),
                        [=](std::string_view prefix) { return begins(label, prefix); });
+}
+
+// Whether the block behind the last one of a loop is its end: it has such a label, and a block of the loop leads there.
+// Behind the last block of an inner loop that nothing leaves stands the end of the outer one.
+bool ends_loop(const Loops &loops, std::size_t start, std::size_t last, std::initializer_list<std::string_view> labels)
+{
+    if (last + 1 == loops.blocks.list.size()) {
+        return false;
+    }
+    const std::string_view label = label_of(loops.module, loops.blocks.list[last + 1]);
+    if (!begins_one_of(label, labels)) {
+        return false;
+    }
+    const auto leads_there = [=](const Block &block) {
+        const std::vector<const Token *> targets = targets_of(block);
+        return std::any_of(targets.begin(), targets.end(), [=](const Token *target) { return target->text == label; });
+    };
+    const auto first = loops.blocks.list.begin();
+    return std::any_of(first + static_cast<std::ptrdiff_t>(start), first + static_cast<std::ptrdiff_t>(last) + 1,
+                       leads_there);
+}
+
+// Whether the label opens a loop; the body of a while does if it has no condition in front.
+bool opens_loop(const Loops &loops, std::string_view label, std::size_t first_source)
+{
+    if (begins(label, "while.body")) {
+        return targets_of(loops.blocks.list[first_source]).size() == 1;
+    }
+    return begins_one_of(label, {"for.cond", "while.cond", "do.body"}) && !begins(label, "for.cond.cleanup");
+}
+
+// The end of the loop that starts at the block: the first end behind it that is not one of an inner loop, if only the
+// loop leads to the blocks up to there. npos if nothing leaves the loop.
+std::size_t find_end(const Loops &loops, std::size_t start)
+{
+    const auto label_at = [&](std::size_t place) { return label_of(loops.module, loops.blocks.list[place]); };
+    std::unordered_map<std::string_view, std::size_t> sources;  // the first block that leads to a label
+    for (std::size_t place = 0; place < loops.blocks.list.size(); ++place) {
+        for (const Token *target : targets_of(loops.blocks.list[place])) {
+            sources.emplace(target->text, place);
+        }
+    }
+    std::size_t depth = 0;
+    for (std::size_t place = start + 1; place < loops.blocks.list.size(); ++place) {
+        const std::string_view label = label_at(place);
+        const auto source = sources.find(label);
+        const bool reached = source != sources.end();
+        const bool ends = begins_one_of(label, {"for.end", "while.end", "do.end"});
+        if (reached ? source->second < start : !ends) {
+            return npos;  // a way from outside, or the condition of an outer loop that nothing leads to any more
+        }
+        if (ends && depth == 0) {
+            return place;
+        }
+        if (ends) {
+            --depth;
+        } else if (reached && opens_loop(loops, label, source->second)) {
+            ++depth;
+        }
+    }
+    return npos;
+}
+
+// A loop without a condition that nothing leads back in. If nothing leaves it for its end, it is no loop, and its label
+// loses its meaning. A break would be one out of nothing then, so otherwise the body gets an end that leads back.
+// Returns whether it has.
+bool add_way_back(Loops &loops, std::size_t start)
+{
+    const std::size_t end = find_end(loops, start);
+    if (end == npos) {
+        rename_everywhere(loops, start, fresh_name(loops.module, loops.function, "loop.once"));
+        return false;
+    }
+    const std::string_view tail = fresh_name(loops.module, loops.function, "loop.tail");
+    const std::string_view label = label_of(loops.module, loops.blocks.list[start]);
+    insert_block(loops, end, make_block(loops, loops.blocks.list[end].number, tail, label));
+    return true;
+}
+
+// `do ... while (1)` has no condition to write, and quarl would write 0. It becomes an endless while.
+void rename_endless_do(Loops &loops, std::size_t place)
+{
+    if (!back_edges(loops, place, true).empty() ||
+        (back_edges(loops, place, false).empty() && !add_way_back(loops, place))) {
+        return;
+    }
+    const std::size_t last = back_edges(loops, place, false).back();
+    rename_everywhere(loops, place, fresh_name(loops.module, loops.function, "while.body"));
+    if (ends_loop(loops, place, last, {"do.end"})) {
+        rename_everywhere(loops, last + 1, fresh_name(loops.module, loops.function, "while.end"));
+    }
 }
 
 bool is_arm(std::string_view label)
@@ -319,8 +397,7 @@ void add_end_of_body(Loops &loops, std::size_t start, std::size_t last)
 void close_endless(Loops &loops, std::size_t start, std::size_t last)
 {
     const std::size_t behind = last + 1;
-    if (behind == loops.blocks.list.size() ||
-        begins_one_of(label_of(loops.module, loops.blocks.list[behind]), {"while.end", "for.end"})) {
+    if (behind == loops.blocks.list.size() || ends_loop(loops, start, last, {"while.end", "for.end"})) {
         return;
     }
     const std::string_view from = label_of(loops.module, loops.blocks.list[last]);
@@ -341,12 +418,11 @@ void rewrite_endless(Loops &loops, std::size_t place)
 {
     const std::string_view label = label_of(loops.module, loops.blocks.list[place]);
     const bool is_for = begins(label, "for.cond");
-    std::vector<std::size_t> edges = back_edges(loops, place, false);
-    if (edges.empty()) {
+    if (back_edges(loops, place, false).empty() && !add_way_back(loops, place)) {
         return;
     }
-    add_end_of_body(loops, place, edges.back());
-    edges = back_edges(loops, place, false);
+    add_end_of_body(loops, place, back_edges(loops, place, false).back());
+    const std::vector<std::size_t> edges = back_edges(loops, place, false);
     const std::size_t last = edges.back();
     close_endless(loops, place, last);
     const bool steps = is_for && begins(label_of(loops.module, loops.blocks.list[last]), "for.inc");
@@ -410,11 +486,11 @@ Condition find_condition(Module &module, const Blocks &blocks, std::size_t place
     }
     for (std::size_t last = place; last < blocks.list.size(); ++last) {
         const Block &block = blocks.list[last];
+        if (last > place && begins_one_of(label_of(module, block), {"for.", "while.", "do.", "if.", "sw."})) {
+            break;  // a loop without a condition
+        }
         if (is_conditional(block) && begins(targets_of(block)[0]->text, is_while ? "while.body" : "for.body")) {
             return {place, last};
-        }
-        if (last > place && begins(label_of(module, block), is_while ? "while.body" : "for.body")) {
-            break;  // a loop without a condition
         }
     }
     return {};
