@@ -68,6 +68,17 @@ std::string_view label_of(Module &module, const Block &block)
     return block.label.empty() ? std::string_view() : keep(module, "%" + std::string(block.label[0].text));
 }
 
+Block make_block(std::size_t number, std::string_view label, Tokens line)
+{
+    Block block;
+    block.number = number;
+    block.label = {{Kind::word, "", label.substr(1)}, {Kind::punct, "", ":"}};
+    if (!line.empty()) {
+        block.lines.push_back({number, std::move(line)});
+    }
+    return block;
+}
+
 void rename_labels(Module &module, Blocks &blocks, const Renames &labels)
 {
     if (labels.empty()) {

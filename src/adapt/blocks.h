@@ -30,11 +30,14 @@ void index_blocks(Module &module, Blocks &blocks);
 // The label with its %, as the branches name it. Empty for an entry block without one.
 std::string_view label_of(Module &module, const Block &block);
 
-// Whether a label, with its %, begins with the prefix and goes on.
+// Whether a label, with its %, begins with the prefix.
 inline bool begins(std::string_view label, std::string_view prefix)
 {
     return label.size() > prefix.size() && label.substr(1).starts_with(prefix);
 }
+
+// A block of one line, or of none yet. `number` is that of the input line that it comes from.
+Block make_block(std::size_t number, std::string_view label, Tokens line);
 
 // Writes labels in another way wherever they stand: in their lines, in branches and in phis.
 using Renames = std::unordered_map<std::string_view, std::string_view>;  // both with their %

@@ -66,13 +66,10 @@ bool holds_statements(const Loops &loops, const Block &block)
                        [&](const Line &line) { return is_statement(loops, line.tokens); });
 }
 
-Block make_block(Loops &loops, std::size_t number, std::string_view label, std::string_view target)
+// A block that leads on to the target.
+Block make_way(Loops &loops, std::size_t number, std::string_view label, std::string_view target)
 {
-    Block block;
-    block.number = number;
-    block.label = {{Kind::word, "", label.substr(1)}, {Kind::punct, "", ":"}};
-    block.lines.push_back({number, compose(loops.module, {"  br label ", target})});
-    return block;
+    return make_block(number, label, compose(loops.module, {"  br label ", target}));
 }
 
 void replace_in_block(Block &block, std::string_view from, std::string_view to)
@@ -151,7 +148,7 @@ bool leave_by_if(Loops &loops, std::size_t last)
     } else {
         replace_in_block(head, out, leaving);
         rename_everywhere(loops, last + 1, staying);
-        insert_block(loops, last + 1, make_block(loops, head.number, leaving, out));
+        insert_block(loops, last + 1, make_way(loops, head.number, leaving, out));
     }
     return true;
 }
@@ -174,7 +171,7 @@ void rewrite_while(Loops &loops, const Condition &condition)
     }
     const std::size_t number = loops.blocks.list[condition.first].number;
     rename_everywhere(loops, condition.first, again);
-    insert_block(loops, condition.first, make_block(loops, number, body, again));
+    insert_block(loops, condition.first, make_way(loops, number, body, again));
 }
 
 // The steps of a for stay behind its body; a continue leads to them by goto.
@@ -200,7 +197,7 @@ void rewrite_for(Loops &loops, const Condition &condition)
     const std::size_t number = loops.blocks.list[condition.first].number;
     loops.blocks.list[condition.first].label[0].text = inner.substr(1);
     rename_in_phis(loops, label, inner);
-    Block block = make_block(loops, number, label, inner);
+    Block block = make_way(loops, number, label, inner);
     insert_block(loops, condition.first, std::move(block));
 }
 
@@ -350,7 +347,7 @@ bool add_way_back(Loops &loops, std::size_t start)
     }
     const std::string_view tail = fresh_name(loops.module, loops.function, "loop.tail");
     const std::string_view label = label_of(loops.module, loops.blocks.list[start]);
-    insert_block(loops, end, make_block(loops, loops.blocks.list[end].number, tail, label));
+    insert_block(loops, end, make_way(loops, loops.blocks.list[end].number, tail, label));
     return true;
 }
 
@@ -389,7 +386,7 @@ void add_end_of_body(Loops &loops, std::size_t start, std::size_t last)
         return;
     }
     const std::string_view tail = fresh_name(loops.module, loops.function, "loop.tail");
-    insert_block(loops, end, make_block(loops, loops.blocks.list[end].number, tail, label_at(start)));
+    insert_block(loops, end, make_way(loops, loops.blocks.list[end].number, tail, label_at(start)));
 }
 
 // A loop that nothing leaves but a return has no block behind it, and so nothing that closes its brace. It gets one.
@@ -406,10 +403,8 @@ void close_endless(Loops &loops, std::size_t start, std::size_t last)
         refuse(loops.module, "endless loop whose body doesn't lead back at its end");
         return;
     }
-    Block block = make_block(loops, loops.blocks.list[last].number,
-                             fresh_name(loops.module, loops.function, "while.end"), "%unused");
-    block.lines[0].tokens = lex("  unreachable");
-    insert_block(loops, behind, std::move(block));
+    const std::string_view end = fresh_name(loops.module, loops.function, "while.end");
+    insert_block(loops, behind, make_block(loops.blocks.list[last].number, end, lex("  unreachable")));
 }
 
 // A branch back to the start of an endless loop is written by nobody, as it should be at the end of the body. Those of
@@ -441,7 +436,7 @@ void rewrite_endless(Loops &loops, std::size_t place)
     }
     const std::size_t number = loops.blocks.list[place].number;
     rename_everywhere(loops, place, again);
-    insert_block(loops, place, make_block(loops, number, start, again));
+    insert_block(loops, place, make_way(loops, number, start, again));
 }
 
 // How often each label is branched to without a condition.

@@ -9,14 +9,14 @@
 //                   become an if
 //   phi             outside of ?:, && and || becomes a variable, stored to where the values come from
 //   loops           with statements in their conditions, see loops.cpp
-//   else            whose if both arms leave becomes what follows the if, see elses.cpp
+//   else            whose if both arms leave becomes what follows the if, see ends.cpp
 //   cleanup         the switch over where to go on behind a destructor becomes a chain of ifs with a jump in each
 //   operands        of the phis that stay: quarl writes the last value of the block that they come from, and a call
 //                   twice; a cast to the same type as the last line of the block prevents both
 #include "adapt/shape.h"
 
 #include "adapt/blocks.h"
-#include "adapt/elses.h"
+#include "adapt/ends.h"
 #include "adapt/loops.h"
 
 #include <algorithm>
@@ -98,17 +98,6 @@ std::string phi_type(const Tokens &phi)
 void insert_before_terminator(Block &block, Line line)
 {
     block.lines.insert(block.lines.begin() + static_cast<std::ptrdiff_t>(terminator_of(block)), std::move(line));
-}
-
-Block make_block(std::size_t number, std::string_view label, Tokens line)
-{
-    Block block;
-    block.number = number;
-    block.label = {{Kind::word, "", label.substr(1)}, {Kind::punct, "", ":"}};
-    if (!line.empty()) {
-        block.lines.push_back({number, std::move(line)});
-    }
-    return block;
 }
 
 std::size_t place_of(const Blocks &blocks, std::string_view label)
@@ -618,7 +607,7 @@ void drop_dead_blocks(Module &module, std::vector<Line> &lines)
 void settle_shape(Module &module, Function &function)
 {
     Shape shape{module, function, split_blocks(module, *function.lines), {}};
-    open_elses(module, function, shape.blocks);
+    settle_ends(module, function, shape.blocks);
     rewrite_cleanups(shape);
     rewrite_loops(module, function, shape.blocks, difficult_blocks(shape));
     rewrite_choices(shape);
