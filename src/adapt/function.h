@@ -54,8 +54,8 @@ Instruction find_parts(const Tokens &tokens);
 // True for `name:`. What labels look like is settled by their own table, not by the words of instructions.
 bool is_label(const Tokens &tokens);
 
-// A name that nothing in the function has: `stem`, or with a number behind it. With its %.
-std::string_view fresh_name(Module &module, Function &function, const std::string &stem);
+// A name that nothing in the function has: `stem`, or with the separator and a number behind it. With its %.
+std::string_view fresh_name(Module &module, Function &function, const std::string &stem, char separator = '.');
 std::string_view fresh_number(Module &module, Function &function);
 
 // ---- locals.cpp: names, aliases and uses ----

@@ -117,11 +117,11 @@ bool is_label(const Tokens &tokens)
     return tokens.size() > 1 && is(tokens[1], ":") && tokens[1].gap.empty() && tokens[0].gap.empty();
 }
 
-std::string_view fresh_name(Module &module, Function &function, const std::string &stem)
+std::string_view fresh_name(Module &module, Function &function, const std::string &stem, char separator)
 {
     std::string name = stem;
     for (std::size_t n = 1; function.taken.contains(name) || function.forms.contains(c_form(name)); ++n) {
-        name = stem + '.' + std::to_string(n);
+        name = stem + separator + std::to_string(n);
     }
     function.taken.insert(name);
     function.forms.insert(c_form(name));

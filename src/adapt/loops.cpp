@@ -72,6 +72,12 @@ Block make_way(Loops &loops, std::size_t number, std::string_view label, std::st
     return make_block(number, label, compose(loops.module, {"  br label ", target}));
 }
 
+// A label for a goto: without a dot, also where the function has several.
+std::string_view goto_label(Loops &loops, const std::string &stem)
+{
+    return fresh_name(loops.module, loops.function, stem, '_');
+}
+
 void replace_in_block(Block &block, std::string_view from, std::string_view to)
 {
     for (std::size_t place = terminator_of(block); place < block.lines.size(); ++place) {
@@ -157,7 +163,7 @@ void rewrite_while(Loops &loops, const Condition &condition)
 {
     const std::string_view label = label_of(loops.module, loops.blocks.list[condition.first]);
     const std::string_view body = fresh_name(loops.module, loops.function, "while.body");
-    const std::string_view again = fresh_name(loops.module, loops.function, "again");
+    const std::string_view again = goto_label(loops, "again");
     // The way in, and the way back from the end of the body, go by the loop itself.
     if (condition.first > 0) {
         replace_in_block(loops.blocks.list[condition.first - 1], label, body);
@@ -177,7 +183,7 @@ void rewrite_while(Loops &loops, const Condition &condition)
 // The steps of a for stay behind its body; a continue leads to them by goto.
 void detach_steps(Loops &loops, std::size_t place)
 {
-    rename_everywhere(loops, place, fresh_name(loops.module, loops.function, "next"));
+    rename_everywhere(loops, place, goto_label(loops, "next"));
 }
 
 void rewrite_for(Loops &loops, const Condition &condition)
@@ -394,7 +400,8 @@ void add_end_of_body(Loops &loops, std::size_t start, std::size_t last)
 void close_endless(Loops &loops, std::size_t start, std::size_t last)
 {
     const std::size_t behind = last + 1;
-    if (behind == loops.blocks.list.size() || ends_loop(loops, start, last, {"while.end", "for.end"})) {
+    const bool empty = last == start && loops.blocks.list[start].lines.size() == 1;  // `for (;;) ;` has no brace
+    if (empty || behind == loops.blocks.list.size() || ends_loop(loops, start, last, {"while.end", "for.end"})) {
         return;
     }
     const std::string_view from = label_of(loops.module, loops.blocks.list[last]);
@@ -428,7 +435,7 @@ void rewrite_endless(Loops &loops, std::size_t place)
         return;
     }
     const std::string_view start = fresh_name(loops.module, loops.function, is_for ? "for.cond" : "while.body");
-    const std::string_view again = fresh_name(loops.module, loops.function, "again");
+    const std::string_view again = goto_label(loops, "again");
     for (std::size_t from = 0; from < loops.blocks.list.size(); ++from) {
         if (from < place || from == last) {
             replace_in_block(loops.blocks.list[from], label, start);
