@@ -458,6 +458,27 @@ std::unordered_map<std::string_view, std::size_t> count_ways(const Loops &loops)
     return counts;
 }
 
+// With destructors around it, `while (true)` keeps a while.cond that only leads on to its body. The body takes its
+// place.
+void drop_empty_conditions(Loops &loops)
+{
+    Renames labels;
+    std::vector<Block> list;
+    for (Block &block : loops.blocks.list) {
+        const std::string_view label = label_of(loops.module, block);
+        const std::vector<const Token *> targets = targets_of(block);
+        const bool empty = begins(label, "while.cond") && block.lines.size() == 1 && targets.size() == 1 &&
+                           begins(targets[0]->text, "while.body");
+        if (empty) {
+            labels.emplace(label, targets[0]->text);
+        } else {
+            list.push_back(std::move(block));
+        }
+    }
+    loops.blocks.list = std::move(list);
+    rename_labels(loops.module, loops.blocks, labels);
+}
+
 void rewrite_endless_loops(Loops &loops)
 {
     const std::unordered_map<std::string_view, std::size_t> ways = count_ways(loops);
@@ -501,6 +522,7 @@ Condition find_condition(Module &module, const Blocks &blocks, std::size_t place
 void rewrite_loops(Module &module, Function &function, Blocks &blocks, const std::unordered_set<std::size_t> &difficult)
 {
     Loops loops{module, function, blocks};
+    drop_empty_conditions(loops);
     rewrite_endless_loops(loops);
     for (std::size_t place = blocks.list.size(); place-- > 0;) {
         const Condition condition = find_condition(module, blocks, place);
