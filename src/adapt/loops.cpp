@@ -326,7 +326,7 @@ std::size_t find_end(const Loops &loops, std::size_t start)
         const auto source = sources.find(label);
         const bool reached = source != sources.end();
         const bool ends = begins_one_of(label, {"for.end", "while.end", "do.end"});
-        if (reached ? source->second < start : !ends) {
+        if (reached ? source->second < start : !ends && depth == 0) {
             return npos;  // a way from outside, or the condition of an outer loop that nothing leads to any more
         }
         if (ends && depth == 0) {

@@ -576,6 +576,16 @@ void rewrite_cleanups(Shape &shape)
     }
 }
 
+// quarl takes a return behind a destructor, in a block cleanup.cont, for the end of the function and closes all braces.
+void rename_ways_on(Shape &shape)
+{
+    for (std::size_t place = 0; place < shape.blocks.list.size(); ++place) {
+        if (begins(label_of(shape.module, shape.blocks.list[place]), "cleanup.cont")) {
+            rename_label(shape, place, "cleaned.up");
+        }
+    }
+}
+
 // ---- All of it ----
 
 void drop_dead_pairs(Blocks &blocks)
@@ -613,6 +623,7 @@ void settle_shape(Module &module, Function &function)
     rewrite_choices(shape);
     rewrite_skips(shape);
     rewrite_phis(shape);
+    rename_ways_on(shape);
     rename_labels(module, shape.blocks, shape.labels);
     join_blocks(shape.blocks, *function.lines);
 }
