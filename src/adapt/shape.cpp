@@ -166,6 +166,26 @@ struct Choice {
     bool plain = true;  // an expression through and through
 };
 
+// `!a ? b : c` branches to c first, and quarl would take that for `a ? b : c`. The condition is turned round instead.
+void uncross_choices(Shape &shape)
+{
+    for (Block &block : shape.blocks.list) {
+        const std::vector<const Token *> targets = targets_of(block);
+        if (!is_conditional(block) || !begins(targets[0]->text, "cond.false") ||
+            !begins(targets[1]->text, "cond.true")) {
+            continue;
+        }
+        const std::string_view no = targets[0]->text;
+        const std::string_view yes = targets[1]->text;
+        Line &branch = block.lines[terminator_of(block)];
+        const std::string_view condition = branch.tokens[2].text;
+        const std::string_view negated = fresh_name(shape.module, shape.function, "lnot");
+        branch.tokens = compose(shape.module, {"  br i1 ", negated, ", label ", yes, ", label ", no});
+        Tokens turn = compose(shape.module, {"  ", negated, " = xor i1 ", condition, ", true"});
+        insert_before_terminator(block, {branch.number, std::move(turn)});
+    }
+}
+
 // The choices of the function, inner ones in front of those that hold them.
 std::vector<Choice> find_choices(Shape &shape)
 {
@@ -618,6 +638,7 @@ void settle_shape(Module &module, Function &function)
 {
     Shape shape{module, function, split_blocks(module, *function.lines), {}};
     settle_ends(module, function, shape.blocks);
+    uncross_choices(shape);
     rewrite_cleanups(shape);
     rewrite_loops(module, function, shape.blocks, difficult_blocks(shape));
     rewrite_choices(shape);
