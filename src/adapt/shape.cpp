@@ -3,6 +3,7 @@
 // be said in labels that it follows rightly:
 //
 //   dead blocks     what stands behind a call that doesn't return, in a block with a number, goes
+//   crossed terms   of !a ? b : c, a && !b and so on have their conditions turned round
 //   ?:              is an expression for quarl, and it looks for the phi at its end. Without one (`c ? f() : g();` of
 //                   nothing), or with statements in its arms, it becomes an if with an else
 //   other branches  around more than a straight line (the test for null of `new T[n]`, the guard of a static variable)
@@ -166,15 +167,38 @@ struct Choice {
     bool plain = true;  // an expression through and through
 };
 
-// `!a ? b : c` branches to c first, and quarl would take that for `a ? b : c`. The condition is turned round instead.
-void uncross_choices(Shape &shape)
+// Whether a branch leads first to where its condition in the source is false: `!a ? b : c` goes to c, the last term of
+// `a && !b` behind the body, the first one of `!a && b` behind it all and of `!a || b` on to b.
+bool is_crossed(const Shape &shape, std::size_t place)
 {
-    for (Block &block : shape.blocks.list) {
-        const std::vector<const Token *> targets = targets_of(block);
-        if (!is_conditional(block) || !begins(targets[0]->text, "cond.false") ||
-            !begins(targets[1]->text, "cond.true")) {
+    static constexpr std::array<std::string_view, 5> bodies = {"if.then", "while.body", "for.body", "do.body",
+                                                               "cond.true"};
+    const Block &block = shape.blocks.list[place];
+    if (!is_conditional(block)) {
+        return false;
+    }
+    const std::vector<const Token *> targets = targets_of(block);
+    const std::string_view yes = targets[0]->text;
+    const std::string_view no = targets[1]->text;
+    if (begins(yes, "cond.false") && begins(no, "cond.true")) {
+        return true;
+    }
+    const std::size_t next = place + 1;
+    const bool crossed = (begins(no, "land.") && place_of(shape.blocks, no) == next) ||
+                         (begins(yes, "lor.") && place_of(shape.blocks, yes) == next);
+    return crossed || (is_chain_label(label_of(shape.module, block)) && begins_one(no, bodies));
+}
+
+// quarl takes a crossed choice for the opposite one, and loses its way among crossed terms. Their conditions are turned
+// round instead.
+void uncross(Shape &shape)
+{
+    for (std::size_t place = 0; place < shape.blocks.list.size(); ++place) {
+        if (!is_crossed(shape, place)) {
             continue;
         }
+        Block &block = shape.blocks.list[place];
+        const std::vector<const Token *> targets = targets_of(block);
         const std::string_view no = targets[0]->text;
         const std::string_view yes = targets[1]->text;
         Line &branch = block.lines[terminator_of(block)];
@@ -638,7 +662,7 @@ void settle_shape(Module &module, Function &function)
 {
     Shape shape{module, function, split_blocks(module, *function.lines), {}};
     settle_ends(module, function, shape.blocks);
-    uncross_choices(shape);
+    uncross(shape);
     rewrite_cleanups(shape);
     rewrite_loops(module, function, shape.blocks, difficult_blocks(shape));
     rewrite_choices(shape);

@@ -13,6 +13,14 @@ static int grade(int n)
     else if (n == 85 || (n < 10 && n >= 5)) return 'X';
     return 'F';
 }
+static int negated(int x, int y, int z)
+{
+    int n = 0;
+    if (!(x > 1) && y == 0 && !(z != 1)) n += 1;
+    if (x > 1 || (y == 0 && !(z != 1))) n += 2;
+    while ((x > 1 || !(y == 0)) && !(z > 3)) z += 2, n += 4;
+    return !(x == 1) && y == 0 ? n : !yes(x) ? z : -n;
+}
 struct Pair {
     int a, b;
 };
@@ -33,6 +41,7 @@ int main()
     put("b", b), put("c", c), put("d", d), put("calls", calls);
     for (int n = -2; n < 3; n++)
         put("sign", sign(n)), put("clamp", clamp(n * 5, -4, 7)), put("both", n > -2 && n < 2 ? n : -n);
+    for (int n = 0; n < 12; n++) put("negated", negated(n % 3, n / 3 % 2, n / 6));
     for (int y : years) put("leap", leap(y));
     for (int g : grades) put("grade", grade(g));
     int i = 0;
