@@ -10,7 +10,7 @@
 //                   become an if
 //   phi             outside of ?:, && and || becomes a variable, stored to where the values come from
 //   loops           with statements in their conditions, see loops.cpp
-//   else            whose if both arms leave becomes what follows the if, see ends.cpp
+//   else, switch    whose arms all leave are given an end, see ends.cpp
 //   cleanup         the switch over where to go on behind a destructor becomes a chain of ifs with a jump in each
 //   operands        of the phis that stay: quarl writes the last value of the block that they come from, and a call
 //                   twice; a cast to the same type as the last line of the block prevents both
@@ -202,7 +202,9 @@ void uncross(Shape &shape)
         const std::string_view no = targets[0]->text;
         const std::string_view yes = targets[1]->text;
         Line &branch = block.lines[terminator_of(block)];
-        const std::string_view condition = branch.tokens[2].text;
+        constexpr std::size_t behind_type = 2;  // br i1; the condition can be a computed constant
+        const auto target = static_cast<std::size_t>(targets[0] - branch.tokens.data());
+        const std::string condition = text_of(branch.tokens, {behind_type, target - 2});
         const std::string_view negated = fresh_name(shape.module, shape.function, "lnot");
         branch.tokens = compose(shape.module, {"  br i1 ", negated, ", label ", yes, ", label ", no});
         Tokens turn = compose(shape.module, {"  ", negated, " = xor i1 ", condition, ", true"});
