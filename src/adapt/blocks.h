@@ -39,8 +39,9 @@ inline bool begins(std::string_view label, std::string_view prefix)
 // A block of one line, or of none yet. `number` is that of the input line that it comes from.
 Block make_block(std::size_t number, std::string_view label, Tokens line);
 
-// Writes labels in another way wherever they stand: in their lines, in branches and in phis.
-using Renames = std::unordered_map<std::string_view, std::string_view>;  // both with their %
+using Renames = std::unordered_map<std::string_view, std::string_view>;  // old to new label, both with their %
+
+// Writes labels in another way wherever they stand, in their lines, in branches and in phis, and finds the places anew.
 void rename_labels(Module &module, Blocks &blocks, const Renames &labels);
 
 // Position of the block's terminator in its lines, or lines.size().

@@ -56,8 +56,7 @@ inline bool isword(const Token &t, std::string_view word)
 {
     return t.code == token::identifier && tokentext(t) == word;
 }
-// The row of `table` whose member `word` is the text of the token, null for none and for a token that is no identifier.
-// Each row has a comparison of its own, with a word of known length.
+// For findword(): each row has a comparison of its own, with a word of known length.
 template <const auto &table, std::size_t place>
 bool isrow(std::string_view text)
 {
@@ -71,6 +70,8 @@ auto findword(std::string_view text, std::index_sequence<places...> /*rows*/) ->
     static_cast<void>(((isrow<table, places>(text) && (found = &table[places])) || ...));
     return found;
 }
+// The row of `table`, an array whose rows have a `word`, that has the text of the token; null for none and for a token
+// that is no identifier. The first of two rows with one word counts.
 template <const auto &table>
 auto findword(const Token &t)
 {

@@ -272,7 +272,7 @@ enum class Start : std::uint8_t { plain, longer, letter_c, dot, zero, minus, quo
 
 struct Opening {
     Start start;
-    std::uint8_t continues;  // plain: the class of the characters that belong to the token as well
+    std::uint8_t continues;  // the class of the characters that belong to the token as well; not of strings
     std::uint16_t code;      // of the token, but for strings, negative numbers and longer operators
 };
 
