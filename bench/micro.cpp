@@ -1,6 +1,6 @@
 // Micro-benchmarks of the three loops that every run spends its time in: the scanner, the interning of names and the
 // printing of expressions. bench/run measures the whole program; this tells a change in one of them from the noise.
-#include "driver/driver.h"
+#include "base/base.h"
 #include "emit/emit.h"
 #include "model/model.h"
 #include "reader/reader.h"

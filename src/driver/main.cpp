@@ -1,9 +1,10 @@
 // The entry point of quarl.
 
+#include "base/base.h"
 #include "driver/driver.h"
 #include "driver/options.h"
-#include "driver/run.h"
 #include "emit/emit.h"
+#include "model/model.h"
 #include "reader/reader.h"
 
 #include <csignal>

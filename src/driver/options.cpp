@@ -3,6 +3,7 @@
 
 #include "driver/options.h"
 
+#include "base/base.h"
 #include "driver/driver.h"
 
 #include <algorithm>

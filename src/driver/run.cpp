@@ -1,9 +1,9 @@
 // The run: the reading loop, the opening of the output file and the fixed order of the output stages.
 
-#include "driver/run.h"
-
-#include "debugnames/debugnames.h"
 #include "driver/driver.h"
+
+#include "base/base.h"
+#include "debugnames/debugnames.h"
 #include "emit/emit.h"
 #include "model/model.h"
 #include "reader/reader.h"
@@ -14,7 +14,11 @@
 #include <string_view>
 #include <system_error>
 
+const char *output_name;
+
 namespace {
+
+const char *source_name;  // text of the source_filename line; null without one
 
 // source_filename = "name"
 int readsource()

@@ -5,7 +5,7 @@
 
 #include "emit/emit.h"
 
-#include "driver/driver.h"
+#include "base/base.h"
 #include "reader/reader.h"
 
 #include <string>

@@ -3,7 +3,7 @@
 
 #include "emit/emit.h"
 
-#include "driver/driver.h"
+#include "base/base.h"
 
 bool in_initialiser;
 

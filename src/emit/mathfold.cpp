@@ -2,7 +2,7 @@
 
 #include "emit/emit.h"
 
-#include "driver/driver.h"
+#include "base/base.h"
 
 #include <array>
 #include <cmath>

@@ -3,7 +3,7 @@
 // the process ends, and so does everything that a record points to.
 #pragma once
 
-#include "driver/driver.h"
+#include "base/base.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -19,6 +19,15 @@ struct Meta;
 struct Name;
 struct Symbol;
 struct Type;
+
+// ---- Options ----------------------------------------------------------------------------------------------------
+// Whole-number flags, 0 unless the command line sets them.
+
+inline int no_header;    // -h: memory intrinsics stay declared, no string.h and no stdlib.h
+inline int no_inline;    // -i: no inline ordering, no @inline
+inline int long_long;    // -ll: 64-bit integers become a struct type and helper calls
+inline int no_math;      // -mc: calls of math functions are not folded
+inline int keep_unused;  // -u: unused variables and declarations are written
 
 // ---- Codes ------------------------------------------------------------------------------------------------------
 // One numbering serves all records: below 128 the token codes of a C scanner, which are also the operators of
@@ -415,18 +424,11 @@ inline bool namebegins(const Name *name, std::string_view prefix)
 {
     return name && nametext(name).starts_with(prefix);
 }
-inline bool isdigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
 // Whether the name is one that the front end numbers.
 inline bool isnumbered(const Name *name)
 {
     return name && isdigit(name->text[0]);
 }
-
-// The decimal value of `text`, in 32-bit arithmetic that wraps. No sign and no radix: meaningful for digits only.
-std::uint32_t number(std::string_view text);
 
 // ---- Lists (lists.cpp) ------------------------------------------------------------------------------------------
 

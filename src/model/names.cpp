@@ -2,7 +2,7 @@
 
 #include "model/model.h"
 
-#include "driver/driver.h"
+#include "base/base.h"
 
 #include <cstring>
 #include <new>
@@ -172,12 +172,4 @@ Name *intern(std::string_view text)
 Name *privatename(std::string_view text)
 {
     return newname(text);
-}
-
-std::uint32_t number(std::string_view text)
-{
-    std::uint32_t value = 0;
-    for (const char c : text)
-        value = value * 10 + static_cast<std::uint32_t>(static_cast<signed char>(c) - '0');
-    return value;
 }

@@ -14,7 +14,7 @@
 #include "model/locals.h"
 #include "model/model.h"
 
-#include "driver/driver.h"
+#include "base/base.h"
 
 #include <charconv>
 #include <string>

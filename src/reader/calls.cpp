@@ -2,7 +2,7 @@
 
 #include "reader/reader.h"
 
-#include "driver/driver.h"
+#include "base/base.h"
 
 std::uint32_t unnamed_params;
 bool after_invoke;

@@ -3,7 +3,7 @@
 
 #include "reader/reader.h"
 
-#include "driver/driver.h"
+#include "base/base.h"
 
 // ---- Attribute words --------------------------------------------------------------------------------------------
 

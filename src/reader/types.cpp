@@ -9,7 +9,7 @@
 
 #include "reader/reader.h"
 
-#include "driver/driver.h"
+#include "base/base.h"
 
 #include <string>
 #include <unordered_map>

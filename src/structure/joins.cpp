@@ -16,7 +16,7 @@
 
 #include "structure/structure.h"
 
-#include "driver/driver.h"
+#include "base/base.h"
 #include "emit/emit.h"
 
 #include <utility>

@@ -6,7 +6,7 @@
 
 #include "structure/structure.h"
 
-#include "driver/driver.h"
+#include "base/base.h"
 #include "emit/emit.h"
 
 #include <algorithm>

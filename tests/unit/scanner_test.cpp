@@ -1,4 +1,4 @@
-#include "driver/driver.h"
+#include "base/base.h"
 #include "harness/harness.h"
 #include "reader/reader.h"
 

@@ -1,6 +1,6 @@
 // The output stream: one large buffer in front of the file, so that a statement costs no call of the C library.
 
-#include "driver/driver.h"
+#include "base/base.h"
 
 #include <array>
 #include <charconv>
@@ -28,6 +28,8 @@ void flushbuffer()
 }
 
 }  // namespace
+
+int verbose;
 
 bool createoutput(const char *name)
 {

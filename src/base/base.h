@@ -1,0 +1,120 @@
+// The bottom layer: diagnostics, checked memory, the output stream and text helpers. It knows nothing of IR or C.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <string_view>
+
+// ---- Diagnostics (diagnostics.cpp) ------------------------------------------------------------------------------
+
+extern const char *input_name;  // the file that diagnostics name; null until known
+extern const char *prog_name;   // the program's name for messages; null until known
+extern long line_no;            // input lines read so far
+extern int error_count;         // diagnostics so far; only report() raises it
+
+// Exit statuses of the program.
+namespace status {
+inline constexpr int clean = 0;
+inline constexpr int failed = 1;
+inline constexpr int interrupted = 2;
+}  // namespace status
+
+// Writes one counted diagnostic, "#error <program> <input>:<line> <message>", to the standard error stream. Each form
+// takes a format with the one conversion that fits its argument: none, %s (a null text prints as "(null)"),
+// %x or %c, and %.*s.
+void report(const char *format);
+void report(const char *format, const char *text);
+void report(const char *format, unsigned number);
+void report(const char *format, std::string_view text);
+
+// Writes `text` to the standard error stream at once, without head and uncounted.
+void errortext(std::string_view text);
+
+// ---- Memory (memory.cpp) ----------------------------------------------------------------------------------------
+
+// Every failing allocation, of alloc() and of the standard containers, writes "no memory\n" and ends the process with
+// status 1. Call once, before anything allocates.
+void installmemoryhandler();
+
+// Returns a cleared block of at least `size` bytes (and at least one pointer) whose first word holds `link`. The block
+// is the caller's; nobody ever tests the result.
+void *alloc(std::size_t size, void *link);
+
+// Gives back a block of alloc() and returns `value`, so that a caller can unlink and free in one expression.
+void *release(void *block, void *value);
+
+// Returns a cleared block of `size` bytes that lives until the process ends. Blocks are cut from large chunks.
+void *poolalloc(std::size_t size);
+
+// The pool of records that can be referred to by their place, a number of 32 bits. Places start at 1 and chunks are
+// aligned to their size, so either can be worked out from the other.
+namespace pool {
+inline constexpr unsigned unit = 4;  // records start at multiples of it
+inline constexpr unsigned chunk_bits = 16;
+inline constexpr std::size_t chunk_units = std::size_t{1} << chunk_bits;
+inline constexpr std::size_t chunk_size = chunk_units * unit;
+extern char **chunks;  // all chunks, by number; the first word of a chunk holds its number
+extern char *next;     // first free byte of the newest chunk
+extern char *end;      // behind its last one
+void startchunk();     // makes a new one, with its number
+}  // namespace pool
+
+// Room, not cleared, for a record. `size` is a multiple of the unit and less than a chunk, `alignment` a power of two
+// that is a multiple of the unit. Inline: both are constants wherever records are made.
+inline void *recordalloc(std::size_t size, std::size_t alignment)
+{
+    const auto room = static_cast<std::size_t>(pool::end - pool::next);
+    // Chunks are aligned to more than any record, so what is left of one tells how its next byte is aligned.
+    std::size_t skipped = alignment > pool::unit ? room & (alignment - 1) : 0;
+    if (size + skipped > room) {
+        pool::startchunk();
+        skipped = 0;
+    }
+    char *record = pool::next + skipped;
+    pool::next = record + size;
+    return record;
+}
+
+// Takes the room of a record back if it was the last one to be given out.
+inline void recordundo(const void *record, std::size_t size)
+{
+    if (static_cast<const char *>(record) + size == pool::next)
+        pool::next -= size;
+}
+
+// A copy of `text` with a terminating NUL that lives until the process ends.
+const char *keeptext(std::string_view text);
+
+// ---- Output (output.cpp) ----------------------------------------------------------------------------------------
+
+// Creates the file `name` and makes it the output. Returns false if that fails; nothing is reported.
+bool createoutput(const char *name);
+
+// Flushes and closes the output. Returns false if anything written since createoutput() was lost.
+bool closeoutput();
+
+// Text, one character, and a decimal number to the output.
+void outtext(std::string_view text);
+void outchar(char c);
+void outnumber(std::int64_t number);
+
+// A progress message to the standard output stream, if `verbose` is set.
+void outprogress(const char *message);
+extern int verbose;  // 0 unless the command line sets it
+
+// ---- Text (text.cpp) --------------------------------------------------------------------------------------------
+
+inline bool isdigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+inline bool ishex(char c)
+{
+    return isdigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+}
+// The value of a hexadecimal digit.
+unsigned hexvalue(char c);
+
+// The decimal value of `text`, in 32-bit arithmetic that wraps. No sign and no radix: meaningful for digits only.
+std::uint32_t number(std::string_view text);
