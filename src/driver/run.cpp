@@ -5,6 +5,7 @@
 #include "base/base.h"
 #include "debugnames/debugnames.h"
 #include "emit/emit.h"
+#include "frontend/frontend.h"
 #include "model/model.h"
 #include "reader/reader.h"
 #include "structure/structure.h"

@@ -6,7 +6,7 @@
 #include "emit/emit.h"
 
 #include "base/base.h"
-#include "reader/reader.h"
+#include "frontend/frontend.h"
 
 #include <string>
 
@@ -77,7 +77,7 @@ void outaggregateprefix(Type *type)
     outtext(aggregateword(type));
     outchar(' ');
     if (type->tag) {
-        outtext(mangle(type->tag));
+        outtext(cname(nametext(type->tag)));
         outchar(' ');
     } else if (const Type *known = findanon(type)) {
         outtext(nametext(known->tag));
@@ -146,19 +146,6 @@ void outsuffix(const Type *type)
 
 }  // namespace
 
-std::string_view mangle(const Name *name)
-{
-    static std::string name_buffer;
-    const std::string_view text = nametext(name);
-    if (text.find_first_of(".:<>") == std::string_view::npos)
-        return text;
-    name_buffer = text;
-    for (char &c : name_buffer)
-        if (c == '.' || c == ':' || c == '<' || c == '>')
-            c = '_';
-    return name_buffer;
-}
-
 void outdecl(const Name *name, const Type *type)
 {
     if (iskind(type, kind::ellipsis)) {
@@ -167,7 +154,7 @@ void outdecl(const Name *name, const Type *type)
     }
     outprefix(type);
     if (name)
-        outtext(mangle(name));
+        outtext(cname(nametext(name)));
     outsuffix(type);
 }
 
@@ -175,7 +162,7 @@ void outinline(const Name *name, const Type *type)
 {
     outprefix(type);
     outtext("@inline ");
-    outtext(mangle(name));
+    outtext(cname(nametext(name)));
     outsuffix(type);
 }
 
@@ -184,7 +171,7 @@ void outweak(const Name *name, std::uint32_t flags, const Type *type)
     outprefix(type);
     if (flags & flag::weak)
         outtext("@weak ");
-    outtext(mangle(name));
+    outtext(cname(nametext(name)));
     outsuffix(type);
 }
 
@@ -197,7 +184,7 @@ void outaggregate(const Type *type, const Name *name)
     }
     outtext(aggregateword(type));
     outchar(' ');
-    outtext(mangle(type->tag));
+    outtext(cname(nametext(type->tag)));
     if (!type->members) {
         outtext(longform ? ";\n\n" : ";\n");
         return;

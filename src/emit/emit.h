@@ -9,8 +9,6 @@
 
 // ---- Declarators (declarators.cpp) ------------------------------------------------------------------------------
 
-// The C form of an IR name: `.`, `:`, `<` and `>` become `_`. Valid until the next call.
-std::string_view mangle(const Name *name);
 // Writes one declarator; a null `name` writes the type alone. Kinds without a C name are reported.
 void outdecl(const Name *name, const Type *type);
 // The heads of functions that carry @inline, and @weak where `flags` say so.

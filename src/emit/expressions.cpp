@@ -10,7 +10,7 @@
 #include "emit/emit.h"
 
 #include "base/base.h"
-#include "reader/reader.h"
+#include "frontend/frontend.h"
 
 #include <algorithm>
 #include <array>
@@ -156,7 +156,7 @@ void outnameleaf(const Expr *expr)
     if (nametext(expr->value) == ".addr")
         outtext(nametext(unusedname(0)));
     else
-        outtext(mangle(expr->value));
+        outtext(cname(nametext(expr->value)));
 }
 
 void outlocalleaf(const Expr *expr)

@@ -1,4 +1,4 @@
-// The global lists, the memory intrinsics, the table of math functions, and tests on expressions.
+// The global lists, and tests on expressions.
 
 #include "model/model.h"
 
@@ -142,54 +142,6 @@ void removesymbol(List<Symbol> &list, Symbol *symbol)
         symbol->next->prev = symbol->prev;
     else
         list.tail = symbol->prev;
-}
-
-// ---- Intrinsics and math functions ------------------------------------------------------------------------------
-
-const char *memoryheader(const Name *name)
-{
-    for (const std::string_view prefix : {"llvm.memcpy.", "llvm.memset.", "llvm.memmove."})
-        if (namebegins(name, prefix))
-            return "string.h";
-    return nullptr;
-}
-
-Name *memoryname(const Name *name)
-{
-    // The letter that tells memcpy, memset and memmove apart.
-    constexpr std::size_t telling = 8;
-    switch (name->text[telling]) {
-    case 'c':
-        return intern("memcpy");
-    case 's':
-        return intern("memset");
-    default:
-        return intern("memmove");
-    }
-}
-
-namespace {
-
-MathFunction math_functions[] = {
-    {"sqrt", Math::square_root, false},  {"sin", Math::sine, false},        {"cos", Math::cosine, false},
-    {"tan", Math::tangent, false},       {"exp", Math::exponential, false}, {"log", Math::logarithm, false},
-    {"log10", Math::logarithm10, false},
-};
-
-}  // namespace
-
-MathFunction *findmath(std::string_view name)
-{
-    for (MathFunction &row : math_functions)
-        if (row.name == name)
-            return &row;
-    return nullptr;
-}
-
-void markmath(const Name *name)
-{
-    if (MathFunction *row = findmath(nametext(name)))
-        row->declared = true;
 }
 
 // ---- Expression tests -------------------------------------------------------------------------------------------

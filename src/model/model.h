@@ -487,12 +487,27 @@ void append(List<Record> &list, Record *element)
 void insertsymbol(List<Symbol> &list, Symbol *symbol, Symbol *before);
 void removesymbol(List<Symbol> &list, Symbol *symbol);
 
-// ---- Intrinsics and math functions (lists.cpp) ------------------------------------------------------------------
+// ---- Shapes of types (shapes.cpp) -------------------------------------------------------------------------------
+
+// Whether two types have the same shape: tags, member names and signatures of functions play no part.
+bool equaltype(const Type *a, const Type *b);
+// Whether both are the same scalar.
+bool samescalar(const Type *a, const Type *b);
+// Enters a literal aggregate that has got its tag; finds the newest entry of the shape of `type`, or null.
+void addanon(const Type *type);
+const Type *findanon(const Type *type);
+// To be called after the kind of a type was changed while the output is written.
+void retyped(const Type *type);
+
+// ---- Intrinsics and math functions (intrinsics.cpp) -------------------------------------------------------------
 
 // "string.h" if the name is one of the memory intrinsics llvm.memcpy., llvm.memset., llvm.memmove., else null.
 const char *memoryheader(const Name *name);
 // The plain C name of a memory intrinsic.
 Name *memoryname(const Name *name);
+// Rewrites the declaration and the call of a memory intrinsic to the plain function of three parameters.
+void rewritedeclare(Symbol *symbol);
+void rewritecall(Expr *call);
 
 enum class Math : std::uint8_t { square_root, sine, cosine, tangent, exponential, logarithm, logarithm10 };
 struct MathFunction {

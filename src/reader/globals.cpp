@@ -252,27 +252,6 @@ int readgloballine()
 namespace {
 
 // The C functions behind the memory intrinsics have this many parameters; the rest is alignment and volatility.
-constexpr int memory_parameters = 3;
-
-// The length of a memory function is an unsigned int unless it is narrower.
-void narrowlength(Type *type)
-{
-    if (type && type->kind > kind::uint16)
-        type->kind = kind::uint16;
-}
-
-void rewritedeclare(Symbol *symbol)
-{
-    symbol->name = memoryname(symbol->name);
-    Symbol *parameter = symbol->type->params;
-    for (int i = 1; i < memory_parameters && parameter; ++i)
-        parameter = parameter->next;
-    if (!parameter)
-        return;
-    parameter->next = nullptr;
-    narrowlength(parameter->type);
-}
-
 // { type words "," } ")" from behind the opening parenthesis.
 Symbol *readdeclareparameters()
 {
@@ -338,21 +317,6 @@ int readdeclare()
     if (namebegins(symbol->name, "llvm.") && result->kind == kind::structure && !result->tag)
         returnthroughpointer(symbol->type);
     return 0;
-}
-
-void rewritecall(Expr *call)
-{
-    call->left->value = memoryname(call->left->value);
-    Expr *cell = call->right;
-    for (int i = 1; i < memory_parameters && cell; ++i)
-        cell = cell->right;
-    if (!cell)
-        return;
-    cell->right = nullptr;
-    if (cell->left && cell->left->type && cell->left->type->kind > kind::uint16) {
-        narrowlength(cell->left->type);
-        retyped(cell->left->type);
-    }
 }
 
 // ---- Metadata ---------------------------------------------------------------------------------------------------

@@ -87,25 +87,12 @@ bool acceptif(std::uint16_t code);
 // Whether nothing is left on the line.
 bool atend();
 
-// Translates the escapes of an IR string into those of C. Of a text that stands in its quotes, a translated zero byte
-// in front of the closing one is taken out. The result is valid until the next call.
-std::string_view cstring(std::string_view text, bool quoted);
-
 // ---- Types (types.cpp) ------------------------------------------------------------------------------------------
 
 // Reads one type; the token behind it is left. Never null: a type that can't be read is reported and gives an int.
 Type *readtype();
 // The rest of a line that opens with `%`: name = type ...
 int readaggregateline();
-// Whether two types have the same shape: tags, member names and signatures of functions play no part.
-bool equaltype(const Type *a, const Type *b);
-// Whether both are the same scalar.
-bool samescalar(const Type *a, const Type *b);
-// Enters a literal aggregate that has got its tag; finds the newest entry of the shape of `type`, or null.
-void addanon(const Type *type);
-const Type *findanon(const Type *type);
-// To be called after the kind of a type was changed while the output is written.
-void retyped(const Type *type);
 
 // ---- Module lines (globals.cpp) ---------------------------------------------------------------------------------
 
@@ -114,8 +101,6 @@ int readdeclare();     // the rest of a `declare` line
 int readmetaline();    // the rest of a line that opens with `!`
 // Scans attribute words and returns the OR of their flags; the first other token is left.
 std::uint32_t readwords();
-// Rewrites the call of a memory intrinsic to the plain function of three arguments.
-void rewritecall(Expr *call);
 
 // ---- Operands (terms.cpp) ---------------------------------------------------------------------------------------
 

@@ -18,6 +18,7 @@
 
 #include "base/base.h"
 #include "emit/emit.h"
+#include "frontend/frontend.h"
 
 #include <utility>
 
@@ -362,13 +363,13 @@ void outloophead(const Expr *variable, Expr *init, Expr *done, Expr *step)
     outtext(";\n");
     outindent();
     outtext("for (");
-    outtext(mangle(variable->value));
+    outtext(cname(nametext(variable->value)));
     outtext(" = ");
     outexpr(init, false);
     outtext("; !");
     outexpr(done, true);
     outtext("; ");
-    outtext(mangle(variable->value));
+    outtext(cname(nametext(variable->value)));
     outtext(" = ");
     outexpr(step, false);
     outtext(")\n");

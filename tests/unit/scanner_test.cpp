@@ -1,4 +1,5 @@
 #include "base/base.h"
+#include "frontend/frontend.h"
 #include "harness/harness.h"
 #include "reader/reader.h"
 

@@ -1,0 +1,93 @@
+// The memory intrinsics and the table of math functions.
+
+#include "model/model.h"
+
+// ---- Memory intrinsics ------------------------------------------------------------------------------------------
+
+const char *memoryheader(const Name *name)
+{
+    for (const std::string_view prefix : {"llvm.memcpy.", "llvm.memset.", "llvm.memmove."})
+        if (namebegins(name, prefix))
+            return "string.h";
+    return nullptr;
+}
+
+Name *memoryname(const Name *name)
+{
+    // The letter that tells memcpy, memset and memmove apart.
+    constexpr std::size_t telling = 8;
+    switch (name->text[telling]) {
+    case 'c':
+        return intern("memcpy");
+    case 's':
+        return intern("memset");
+    default:
+        return intern("memmove");
+    }
+}
+
+namespace {
+
+constexpr int memory_parameters = 3;
+
+// The length of a memory function is an unsigned int unless it is narrower.
+void narrowlength(Type *type)
+{
+    if (type && type->kind > kind::uint16)
+        type->kind = kind::uint16;
+}
+
+}  // namespace
+
+void rewritedeclare(Symbol *symbol)
+{
+    symbol->name = memoryname(symbol->name);
+    Symbol *parameter = symbol->type->params;
+    for (int i = 1; i < memory_parameters && parameter; ++i)
+        parameter = parameter->next;
+    if (!parameter)
+        return;
+    parameter->next = nullptr;
+    narrowlength(parameter->type);
+}
+
+void rewritecall(Expr *call)
+{
+    call->left->value = memoryname(call->left->value);
+    Expr *cell = call->right;
+    for (int i = 1; i < memory_parameters && cell; ++i)
+        cell = cell->right;
+    if (!cell)
+        return;
+    cell->right = nullptr;
+    if (cell->left && cell->left->type && cell->left->type->kind > kind::uint16) {
+        narrowlength(cell->left->type);
+        retyped(cell->left->type);
+    }
+}
+
+// ---- Math functions ---------------------------------------------------------------------------------------------
+
+namespace {
+
+MathFunction math_functions[] = {
+    {"sqrt", Math::square_root, false},  {"sin", Math::sine, false},        {"cos", Math::cosine, false},
+    {"tan", Math::tangent, false},       {"exp", Math::exponential, false}, {"log", Math::logarithm, false},
+    {"log10", Math::logarithm10, false},
+};
+
+}  // namespace
+
+MathFunction *findmath(std::string_view name)
+{
+    for (MathFunction &row : math_functions)
+        if (row.name == name)
+            return &row;
+    return nullptr;
+}
+
+void markmath(const Name *name)
+{
+    if (MathFunction *row = findmath(nametext(name)))
+        row->declared = true;
+}
