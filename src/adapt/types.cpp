@@ -1,449 +1,330 @@
-// Structures: their names, their order and their layout.
-//
-// Order. quarl keeps a structure that is named before its own line as a forward entry. The next definition moves all
-// forward entries in front of itself, and when their own lines come later, they are filled in where they stand. Two
-// things go wrong with the order in which clang writes the lines. A structure that names itself, and that no earlier
-// line has named, makes a forward entry of its own name, which its own definition then throws away: its `next` pointer
-// stays a `void *`. And a structure that is filled in where it stands can hold another one by value that stands behind
-// it. So in front of the first structure line comes a declaration that names every structure, those held by value
-// first:
-//
-//     declare { %struct.inner*, %struct.node* } @llvm.dbg.order()
-//
-// quarl reads its return type, sees a debug intrinsic and forgets the rest, so nothing of it reaches the C; but the
-// names are now forward entries in this order. The definition that comes next moves them into the list. That one can't
-// be one of the named (it would throw its own entry away), so a structure that no other holds by value and that doesn't
-// name itself is left out of the declaration and written first. Where there is none, an opaque class with the tag of
-// the last structure takes its place, which shows in the C as one `struct tag;` behind the structure itself.
-//
-// Layout. C has no packed structures. One whose members would move, or that would be longer, is refused: sizes and
-// offsets are numbers in the IR already. The base parts that clang makes of classes (class.x.base) are packed and may
-// be shorter than in C; that is told from the structures that hold them.
-#include "adapt/module.h"
+// Types: the interned records, their layout in memory and their text.
+#include "adapt/ir.h"
 
 #include <algorithm>
-#include <array>
+#include <bit>
+#include <limits>
 
 namespace adapt {
 
 namespace {
 
-constexpr std::array<std::string_view, 3> prefixes = {"struct.", "class.", "union."};
-constexpr std::size_t deepest_type = 200;
-constexpr std::size_t longest_order_line = 4000;
+constexpr std::size_t widest = std::numeric_limits<std::size_t>::max() / 4;
 
-enum Mark : std::uint8_t { unseen, open, done };
-
-std::size_t prefix_length(std::string_view name)
+std::size_t mixhash(std::size_t hash, std::size_t more)
 {
-    for (const std::string_view prefix : prefixes) {
-        if (name.starts_with(prefix)) {
-            return prefix.size();
+    return hash ^ (more + 0x9e3779b97f4a7c15U + (hash << 6) + (hash >> 2));
+}
+
+std::size_t hashtype(const Type &type)
+{
+    std::size_t hash = static_cast<std::size_t>(type.kind);
+    hash = mixhash(hash, (type.packed ? 1U : 0U) + (type.variadic ? 2U : 0U));
+    hash = mixhash(hash, type.bits);
+    hash = mixhash(hash, type.count);
+    hash = mixhash(hash, std::hash<const void *>()(type.sub));
+    for (const Type *member : type.members) {
+        hash = mixhash(hash, std::hash<const void *>()(member));
+    }
+    return hash;
+}
+
+bool sametype(const Type &a, const Type &b)
+{
+    return a.kind == b.kind && a.packed == b.packed && a.variadic == b.variadic && a.bits == b.bits &&
+           a.count == b.count && a.sub == b.sub && a.named == b.named && a.members == b.members;
+}
+
+// The record that equals `type`, a new one if there is none.
+Type *intern(Module &module, const Type &type)
+{
+    const std::size_t hash = hashtype(type);
+    const auto [first, last] = module.type_by_hash.equal_range(hash);
+    for (auto found = first; found != last; ++found) {
+        if (sametype(*found->second, type)) {
+            return found->second;
         }
     }
-    return 0;
+    module.types.push_back(type);
+    module.type_by_hash.emplace(hash, &module.types.back());
+    return &module.types.back();
 }
 
-// The places of the structures that a body holds by value: a pointer or a function behind the name makes it a mere
-// mention, and so does a parameter list around it.
-std::vector<std::size_t> held_by_value(const Module &module, const TypeDef &type)
+Type *plaintype(Module &module, TypeKind kind)
 {
-    std::vector<std::size_t> held;
-    std::size_t parentheses = 0;
-    for (std::size_t at = 0; at < type.body.size(); ++at) {
-        const Token &token = type.body[at];
-        if (is(token, "(")) {
-            ++parentheses;
-        } else if (is(token, ")") && parentheses > 0) {
-            --parentheses;
+    Type type;
+    type.kind = kind;
+    return intern(module, type);
+}
+
+std::size_t roundup(std::size_t size, std::size_t align)
+{
+    return (size + align - 1) / align * align;
+}
+
+std::size_t saturated(std::size_t a, std::size_t b)
+{
+    return b != 0 && a > widest / b ? widest : a * b;
+}
+
+std::size_t integeralign(const DataLayout &layout, std::uint32_t bits)
+{
+    constexpr std::uint32_t widths[] = {1, 8, 16, 32, 64};
+    std::size_t place = 0;
+    while (place < 4 && widths[place] < bits) {
+        ++place;
+    }
+    return layout.integer_align[place];
+}
+
+// The end of the members before `count`, unrounded; the offset of member `count` if there is one.
+std::size_t layout_members(const Module &module, const Type *type, std::size_t count, std::size_t &align)
+{
+    const std::vector<Type *> &members = membersof(type);
+    const bool packed = type->named != nullptr ? type->named->packed : type->packed;
+    std::size_t offset = 0;
+    align = 1;
+    for (std::size_t i = 0; i < members.size() && i <= count; ++i) {
+        const std::size_t member_align = packed ? 1 : alignof_type(module, members[i]);
+        align = std::max(align, member_align);
+        offset = roundup(offset, member_align);
+        if (i == count) {
+            break;
         }
-        const bool mention =
-            is_at(type.body, at + 1, "*") || is_at(type.body, at + 1, "(") || is_at(type.body, at + 1, "addrspace");
-        if (token.kind != Kind::local || parentheses > 0 || mention) {
-            continue;
-        }
-        if (const auto found = module.type_places.find(name_of(token.text)); found != module.type_places.end()) {
-            held.push_back(found->second);
-        }
+        offset = std::min(widest, offset + sizeoftype(module, members[i]));
     }
-    return held;
+    return offset;
 }
 
-// ---- Names ----
-
-// A union of several members is clang's way of saying a union and the bytes that fill it up. C would lay the members
-// over each other.
-bool is_padded_union(const TypeDef &type)
+void settlelayout(const Module &module, const Type *type)
 {
-    return type.name.starts_with("union.") && !type.body.empty() && is(type.body[0], "{") &&
-           list_elements(type.body, 0).size() > 1;
-}
-
-std::string plain_tag(std::string_view tag)
-{
-    std::string plain(tag);
-    for (char &c : plain) {
-        const bool kept = c == ':' || c == '<' || c == '>' || plain_name(std::string_view(&c, 1)).back() == c;
-        c = kept ? c : '_';
-    }
-    return plain;
-}
-
-std::string spelled(const std::string &name)
-{
-    const bool plain = name.find_first_of(":<>") == std::string::npos;
-    return plain ? "%" + name : "%\"" + name + "\"";
-}
-
-// Settles the spelling of one structure. Tags are one name space in C, for structs, classes and unions together.
-void claim_type(Module &module, TypeDef &type, std::unordered_set<std::string> &tags)
-{
-    const std::size_t length = prefix_length(type.name);
-    std::string_view prefix = length == 0 ? prefixes[0] : std::string_view(type.name).substr(0, length);
-    if (is_padded_union(type)) {
-        prefix = prefixes[0];
-    }
-    const std::string wanted = plain_tag(std::string_view(type.name).substr(length));
-    std::string tag = wanted.empty() || (wanted[0] >= '0' && wanted[0] <= '9') ? "type" + wanted : wanted;
-    const std::string stem = tag;
-    for (std::size_t n = 1; !tags.insert(c_form(tag)).second; ++n) {
-        tag = stem + '.' + std::to_string(n);
-    }
-    type.text = spelled(std::string(prefix) + tag);
-    module.types_renamed = module.types_renamed || name_of(type.text) != type.name;
-}
-
-// ---- Layout ----
-
-std::size_t round_up(std::size_t value, std::size_t align)
-{
-    return align == 0 ? value : (value + align - 1) / align * align;
-}
-
-struct Both {
-    Layout natural;
-    Layout real;
-    bool same = true;  // the members stand at the same places
-};
-
-Both layout_of(Module &module, const Tokens &tokens, std::size_t at, std::size_t depth);
-
-Both scalar_layout(const Module &module, std::string_view word)
-{
-    std::size_t size = 1;
-    if (word == "float") {
-        size = 4;
-    } else if (word == "double") {
-        size = 8;
-    } else if (word[0] == 'i') {
-        std::size_t bits = 0;
-        for (const char c : word.substr(1, 6)) {
-            bits = bits * 10 + (c >= '0' && c <= '9' ? static_cast<std::size_t>(c - '0') : 0);
-        }
-        while (size * 8 < bits) {
-            size *= 2;
-        }
-    }
-    const auto found = module.alignments.find(std::string(word));
-    const Layout layout = {size, found == module.alignments.end() ? size : found->second};
-    return {layout, layout};
-}
-
-Both members_layout(Module &module, const Tokens &tokens, std::size_t brace, bool packed, std::size_t depth)
-{
-    Both sum;
-    for (const Range member : list_elements(tokens, brace)) {
-        const Both layout = layout_of(module, tokens, member.begin, depth + 1);
-        sum.natural.size = round_up(sum.natural.size, layout.natural.align);
-        sum.real.size = packed ? sum.real.size : round_up(sum.real.size, layout.real.align);
-        sum.same = sum.same && layout.same && sum.natural.size == sum.real.size;
-        sum.natural.size += layout.natural.size;
-        sum.real.size += layout.real.size;
-        sum.natural.align = std::max(sum.natural.align, layout.natural.align);
-        sum.real.align = packed ? 1 : std::max(sum.real.align, layout.real.align);
-    }
-    sum.natural.size = round_up(sum.natural.size, sum.natural.align);
-    sum.real.size = round_up(sum.real.size, sum.real.align);
-    return sum;
-}
-
-Both array_layout(Module &module, const Tokens &tokens, std::size_t bracket, std::size_t depth)
-{
-    std::size_t count = 0;
-    if (bracket + 1 < tokens.size()) {
-        for (const char c : tokens[bracket + 1].text.substr(0, 9)) {
-            count = count * 10 + (c >= '0' && c <= '9' ? static_cast<std::size_t>(c - '0') : 0);
-        }
-    }
-    Both layout = layout_of(module, tokens, bracket + 3, depth + 1);
-    layout.same = layout.same && (count < 2 || layout.natural.size == layout.real.size);
-    layout.natural.size *= count;
-    layout.real.size *= count;
-    return layout;
-}
-
-// The layout of the type that starts at `at`. Structures by name have theirs already: settle_types goes from the
-// inner to the outer ones.
-Both layout_of(Module &module, const Tokens &tokens, std::size_t at, std::size_t depth)
-{
-    const std::size_t end = behind_type(tokens, at);
-    if (end == npos || depth > deepest_type) {
-        return {};
-    }
-    if (is(tokens[end - 1], "*") || is(tokens[end - 1], ")")) {
-        const auto found = module.alignments.find("*");
-        const std::size_t align = found == module.alignments.end() ? module.pointer_size : found->second;
-        return {{module.pointer_size, align}, {module.pointer_size, align}};
-    }
-    const Token &head = tokens[at];
-    if (head.kind == Kind::local) {
-        const auto found = module.type_places.find(name_of(head.text));
-        return found == module.type_places.end()
-                   ? Both{}
-                   : Both{module.types[found->second].natural, module.types[found->second].real};
-    }
-    if (is(head, "[")) {
-        return array_layout(module, tokens, at, depth);
-    }
-    if (is(head, "{") || is(head, "<")) {
-        const bool packed = is(head, "<");
-        return members_layout(module, tokens, packed ? at + 1 : at, packed, depth);
-    }
-    return scalar_layout(module, head.text);
-}
-
-bool is_base_part(std::string_view name)
-{
-    return name.ends_with(".base") || name.find(".base.") != npos;
-}
-
-void settle_layout(Module &module, TypeDef &type)
-{
-    if (type.opaque) {
+    if (type->align != 0) {
         return;
     }
-    const Both layout = members_layout(module, type.body, type.packed ? 1 : 0, type.packed, 0);
-    type.natural = layout.natural;
-    type.real = layout.real;
-    const bool longer = layout.natural.size != layout.real.size && !is_base_part(type.name);
-    if (!layout.same || longer) {
-        module.line = type.line;
-        refuse(module, "structure " + type.name + " is laid out in another way by C");
+    const DataLayout &layout = module.layout;
+    switch (type->kind) {
+    case TypeKind::integer:
+        type->align = integeralign(layout, type->bits);
+        type->size = roundup((type->bits + 7) / 8, type->align);
+        return;
+    case TypeKind::float_type:
+        type->align = layout.float_align;
+        type->size = 4;
+        return;
+    case TypeKind::double_type:
+        type->align = layout.double_align;
+        type->size = 8;
+        return;
+    case TypeKind::pointer:
+        type->align = layout.pointer_align;
+        type->size = layout.pointer_size;
+        return;
+    case TypeKind::array:
+        type->align = alignof_type(module, type->sub);
+        type->size = saturated(sizeoftype(module, type->sub), type->count);
+        return;
+    case TypeKind::structure: {
+        std::size_t align = 1;
+        const std::size_t end = layout_members(module, type, membersof(type).size(), align);
+        type->size = roundup(end, align);
+        type->align = align;
+        return;
+    }
+    default:
+        type->align = 1;
+        return;
     }
 }
 
-// ---- Order ----
-
-// Walks the structures so that those held by value come before their holder, with a stack of its own.
-std::vector<std::size_t> inner_first(Module &module)
+bool isplainname(std::string_view name)
 {
-    std::vector<std::size_t> order;
-    std::vector<std::size_t> stack;
-    for (std::size_t first = module.types.size(); first-- > 0;) {
-        stack.push_back(first);
-    }
-    while (!stack.empty()) {
-        const std::size_t place = stack.back();
-        TypeDef &type = module.types[place];
-        if (type.mark != unseen) {
-            stack.pop_back();
-            if (type.mark == open) {
-                type.mark = done;
-                order.push_back(place);
-            }
-            continue;
-        }
-        type.mark = open;
-        const std::vector<std::size_t> held = held_by_value(module, type);
-        for (auto inner = held.rbegin(); inner != held.rend(); ++inner) {
-            module.types[*inner].inner = true;
-            if (module.types[*inner].mark == unseen) {
-                stack.push_back(*inner);
-            }
-        }
-    }
-    return order;
+    return !name.empty() && std::all_of(name.begin(), name.end(), [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '.' || c == '_' ||
+               c == '$' || c == '-';
+    });
 }
 
-void rename_types(const Module &module, Tokens &tokens)
+void appendlist(const std::vector<Type *> &types, std::string &out)
 {
-    for (Token &token : tokens) {
-        if (token.kind == Kind::local) {
-            rename_type(module, token);
-        }
+    for (std::size_t i = 0; i < types.size(); ++i) {
+        out += i == 0 ? "" : ", ";
+        out += typetext(types[i]);
     }
 }
 
-void write_definition(Module &module, const TypeDef &type)
+std::string structuretext(const Type *type)
 {
-    module.line = type.line;
-    Tokens tokens;
-    if (type.packed) {  // the < > around the members mean nothing to quarl, but it takes them here
-        Tokens members(type.body.begin() + 1, type.body.end());
-        tokens = filter_words(module, members);
-        tokens.insert(tokens.begin(), type.body[0]);
-    } else {
-        tokens = filter_words(module, type.body);
+    if (type->named != nullptr) {
+        const std::string &name = type->named->written.empty() ? type->named->name : type->named->written;
+        return isplainname(name) ? "%" + name : "%\"" + name + "\"";
     }
-    rename_types(module, tokens);
-    module.out += type.text + " = type";
-    print(tokens, module.out);
-}
-
-// The lines in front of the first structure.
-void write_order(Module &module, const std::vector<std::size_t> &order)
-{
-    std::string line;
-    for (const std::size_t place : order) {
-        if (place != module.drain) {
-            line += (line.empty() ? "declare { " : ", ") + module.types[place].text + "*";
-        }
-        if (line.size() > longest_order_line || (!line.empty() && place == order.back())) {
-            module.out += line + " } @llvm.dbg.order()\n";
-            line.clear();
-        }
+    std::string out = type->packed ? "<{" : "{";
+    if (!type->members.empty()) {
+        out += ' ';
+        appendlist(type->members, out);
+        out += ' ';
     }
-    if (!line.empty()) {
-        module.out += line + " } @llvm.dbg.order()\n";
-    }
-}
-
-// An opaque structure with a tag that the C has already.
-void write_stand_in(Module &module)
-{
-    for (auto type = module.types.rbegin(); type != module.types.rend(); ++type) {
-        const std::string name = name_of(type->text);
-        const std::size_t length = prefix_length(name);
-        if (!name.starts_with("union.")) {
-            const std::string_view other = name.starts_with("class.") ? prefixes[0] : prefixes[1];
-            module.out += spelled(std::string(other) + name.substr(length)) + " = type opaque\n";
-            return;
-        }
-    }
-    module.out += "%struct.order = type opaque\n";
-}
-
-bool needs_order(const Module &module)
-{
-    return std::any_of(module.types.begin(), module.types.end(),
-                       [](const TypeDef &type) { return type.selfish || type.inner; });
+    out += type->packed ? "}>" : "}";
+    return out;
 }
 
 }  // namespace
 
-void read_datalayout(Module &module, std::string_view text)
+Type *voidtype(Module &module)
 {
-    module.little_endian = text.find('E') == std::string_view::npos;
-    static constexpr std::array<std::string_view, 5> integers = {"i1", "i8", "i16", "i32", "i64"};
-    while (!text.empty()) {
-        const std::size_t dash = text.find('-');
-        const std::string_view item = text.substr(0, dash);
-        text.remove_prefix(dash == std::string_view::npos ? text.size() : dash + 1);
-        std::array<std::size_t, 2> numbers = {};
-        std::size_t field = 0;
-        for (const char c : item.substr(std::min<std::size_t>(item.size(), item.starts_with("p:") ? 2 : 0))) {
-            if (c == ':') {
-                ++field;
-            } else if (c >= '0' && c <= '9' && field < 2 && numbers.at(field) < 100000) {
-                numbers.at(field) = numbers.at(field) * 10 + static_cast<std::size_t>(c - '0');
-            }
-        }
-        const std::size_t bytes = numbers[1] / 8;
-        if (item.starts_with("p:")) {
-            module.pointer_size = numbers[0] / 8;
-            module.alignments["*"] = bytes;
-        } else if (item.starts_with("f32:")) {
-            module.alignments["float"] = bytes;
-        } else if (item.starts_with("f64:")) {
-            module.alignments["double"] = bytes;
-        } else if (std::find(integers.begin(), integers.end(), item.substr(0, item.find(':'))) != integers.end()) {
-            module.alignments[std::string(item.substr(0, item.find(':')))] = bytes;
-        }
-    }
-    if (module.alignments.contains("i32")) {
-        module.alignments["i24"] = module.alignments["i32"];
-    }
+    return plaintype(module, TypeKind::void_type);
 }
 
-void read_type_line(Module &module, const Line &line)
+Type *inttype(Module &module, std::uint32_t bits)
 {
-    const Tokens &tokens = line.tokens;
-    if (tokens.size() < 4 || tokens[0].kind != Kind::local || !is(tokens[1], "=") || !is(tokens[2], "type")) {
-        return;
-    }
-    TypeDef type;
-    type.name = name_of(tokens[0].text);
-    type.line = line.number;
-    type.body.assign(tokens.begin() + 3, tokens.end());
-    type.packed = is(tokens[3], "<");
-    type.opaque = is(tokens[3], "opaque");
-    type.selfish = std::any_of(type.body.begin(), type.body.end(), [&](const Token &token) {
-        return token.kind == Kind::local && name_of(token.text) == type.name;
-    });
-    if (module.type_places.emplace(type.name, module.types.size()).second) {
-        module.types.push_back(std::move(type));
-    }
+    Type type;
+    type.kind = TypeKind::integer;
+    type.bits = bits;
+    return intern(module, type);
 }
 
-void settle_types(Module &module)
+Type *floattype(Module &module)
 {
-    std::unordered_set<std::string> tags;
-    for (TypeDef &type : module.types) {
-        claim_type(module, type, tags);
-    }
+    return plaintype(module, TypeKind::float_type);
 }
 
-bool rename_type(const Module &module, Token &token)
+Type *doubletype(Module &module)
 {
-    const auto found = module.type_places.find(name_of(token.text));
-    if (found == module.type_places.end()) {
-        return false;
-    }
-    token.text = module.types[found->second].text;
-    return true;
+    return plaintype(module, TypeKind::double_type);
 }
 
-void write_type_line(Module &module, Line &line)
+Type *othertype(Module &module, TypeKind kind)
 {
-    const auto found =
-        line.tokens.empty() ? module.type_places.end() : module.type_places.find(name_of(line.tokens[0].text));
-    if (found == module.type_places.end()) {
-        refuse(module, "line that is no structure");
-        return;
-    }
-    if (!module.types_begun) {
-        module.types_begun = true;
-        const std::vector<std::size_t> order = inner_first(module);
-        for (const std::size_t place : order) {
-            settle_layout(module, module.types[place]);
-        }
-        if (needs_order(module)) {
-            const auto drain = std::find_if(module.types.begin(), module.types.end(),
-                                            [](const TypeDef &type) { return !type.selfish && !type.inner; });
-            module.drain = drain == module.types.end() ? npos : static_cast<std::size_t>(drain - module.types.begin());
-            write_order(module, order);
-            if (module.drain == npos) {
-                write_stand_in(module);
-            } else {
-                write_definition(module, *drain);
-            }
-        }
-    }
-    if (found->second != module.drain) {
-        write_definition(module, module.types[found->second]);
-    }
+    return plaintype(module, kind);
 }
 
-bool naturally_packed(Module &module, const Tokens &tokens, std::size_t open)
+Type *pointerto(Module &module, Type *type)
 {
-    // Values look like types at first sight, but their members are a type and a value.
-    for (const Range member : list_elements(tokens, open + 1)) {
-        if (behind_type(tokens, member.begin) != member.end) {
-            return true;
-        }
+    if (type != nullptr && type->pointer_to != nullptr) {
+        return type->pointer_to;
     }
-    const Both layout = members_layout(module, tokens, open + 1, true, 0);
-    return layout.same && layout.natural.size == layout.real.size;
+    Type pointer;
+    pointer.kind = TypeKind::pointer;
+    pointer.sub = type;
+    Type *made = intern(module, pointer);
+    if (type != nullptr) {
+        type->pointer_to = made;
+    }
+    return made;
+}
+
+Type *arrayof(Module &module, Type *element, std::uint64_t count)
+{
+    Type type;
+    type.kind = TypeKind::array;
+    type.sub = element;
+    type.count = count;
+    return intern(module, type);
+}
+
+Type *functiontype(Module &module, Type *result, const std::vector<Type *> &params, bool variadic)
+{
+    Type type;
+    type.kind = TypeKind::function;
+    type.sub = result;
+    type.members = params;
+    type.variadic = variadic;
+    return intern(module, type);
+}
+
+Type *literalstruct(Module &module, const std::vector<Type *> &members, bool packed)
+{
+    Type type;
+    type.kind = TypeKind::structure;
+    type.members = members;
+    type.packed = packed;
+    return intern(module, type);
+}
+
+StructType *structnamed(Module &module, std::string_view name)
+{
+    if (const auto found = module.struct_by_name.find(name); found != module.struct_by_name.end()) {
+        return found->second;
+    }
+    StructType &made = module.structs.emplace_back();
+    made.name = name;
+    Type &type = module.types.emplace_back();
+    type.kind = TypeKind::structure;
+    type.named = &made;
+    made.type = &type;
+    module.struct_by_name.emplace(made.name, &made);
+    return &made;
+}
+
+const std::vector<Type *> &membersof(const Type *type)
+{
+    return type->named != nullptr ? type->named->members : type->members;
+}
+
+bool isinteger(const Type *type, std::uint32_t bits)
+{
+    return type->kind == TypeKind::integer && type->bits == bits;
+}
+
+bool isfloating(const Type *type)
+{
+    return type->kind == TypeKind::float_type || type->kind == TypeKind::double_type;
+}
+
+bool isaggregate(const Type *type)
+{
+    return type->kind == TypeKind::array || type->kind == TypeKind::structure;
+}
+
+std::string typetext(const Type *type)
+{
+    switch (type->kind) {
+    case TypeKind::void_type:
+        return "void";
+    case TypeKind::integer:
+        return "i" + std::to_string(type->bits);
+    case TypeKind::float_type:
+        return "float";
+    case TypeKind::double_type:
+        return "double";
+    case TypeKind::pointer:
+        return type->sub == nullptr ? "ptr" : typetext(type->sub) + "*";
+    case TypeKind::array:
+        return "[" + std::to_string(type->count) + " x " + typetext(type->sub) + "]";
+    case TypeKind::structure:
+        return structuretext(type);
+    case TypeKind::function: {
+        std::string out = typetext(type->sub) + " (";
+        appendlist(type->members, out);
+        out += type->variadic ? (type->members.empty() ? "..." : ", ...") : "";
+        return out + ")";
+    }
+    case TypeKind::label:
+        return "label";
+    case TypeKind::metadata:
+        return "metadata";
+    case TypeKind::other:
+        break;
+    }
+    return "type without a form";
+}
+
+std::size_t sizeoftype(const Module &module, const Type *type)
+{
+    settlelayout(module, type);
+    return type->size;
+}
+
+std::size_t alignof_type(const Module &module, const Type *type)
+{
+    settlelayout(module, type);
+    return type->align;
+}
+
+std::size_t offsetof_member(const Module &module, const Type *type, std::size_t member)
+{
+    std::size_t align = 1;
+    return layout_members(module, type, member, align);
 }
 
 }  // namespace adapt
