@@ -153,7 +153,7 @@ void outnumberleaf(const Expr *expr)
 
 void outnameleaf(const Expr *expr)
 {
-    if (nametext(expr->value) == ".addr")
+    if (nametext(expr->value) == slot_suffix)
         outtext(nametext(unusedname(0)));
     else
         outtext(cname(nametext(expr->value)));
@@ -570,7 +570,7 @@ void formcall(Expr *expr)
     if (isleaf(expr->left, leaf::name)) {
         if (memoryheader(expr->left->value))
             rewritecall(expr);
-        if (nametext(expr->left->value) == "llvm.stackrestore")
+        if (nametext(expr->left->value) == intrinsics::stack_restore)
             need_flags |= need::frees;
     }
     push(expr->left, Paren::always);

@@ -2,6 +2,8 @@
 
 #include "model/model.h"
 
+#include "frontend/frontend.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -157,5 +159,5 @@ bool sameoperand(const Expr *a, const Expr *b)
     const bool plain = a->leaf == b->leaf && (a->leaf == leaf::number || a->leaf == leaf::name);
     if (plain && a->value == b->value)
         return true;
-    return a->leaf == leaf::name && namebegins(a->value, ".addr");
+    return a->leaf == leaf::name && namebegins(a->value, slot_suffix);
 }

@@ -6,6 +6,8 @@
 
 #include "model/locals.h"
 
+#include "frontend/frontend.h"
+
 #include <algorithm>
 #include <map>
 #include <new>
@@ -82,9 +84,8 @@ void notestatement(Inst *statement)
 // x for x.addr, else null.
 Name *slotowner(const Name *name)
 {
-    constexpr std::string_view suffix = ".addr";
     const std::string_view text = nametext(name);
-    return text.ends_with(suffix) ? intern(text.substr(0, text.size() - suffix.size())) : nullptr;
+    return text.ends_with(slot_suffix) ? intern(text.substr(0, text.size() - slot_suffix.size())) : nullptr;
 }
 
 // Enters an Inst that has its order already.

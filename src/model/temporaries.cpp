@@ -15,6 +15,7 @@
 #include "model/model.h"
 
 #include "base/base.h"
+#include "frontend/frontend.h"
 
 #include <charconv>
 #include <string>
@@ -53,7 +54,7 @@ Inst *absorbstatement(const Inst *from)
 // named values stand twice.
 Expr *reusenamed(Inst *definition)
 {
-    if (!namebegins(definition->name, "inc") && !namebegins(definition->name, "dec"))
+    if (!namebegins(definition->name, value_names::increment) && !namebegins(definition->name, value_names::decrement))
         return definition->expr;
     const Inst *statement = absorbstatement(definition);
     return statement ? statement->expr : definition->expr;
@@ -138,11 +139,11 @@ std::uint8_t stepoperator(const Inst *step)
 {
     if (!step || !step->name)
         return 0;
-    if (namebegins(step->name, "incdec.ptr"))
+    if (namebegins(step->name, value_names::pointer_step))
         return stepdirection(step->expr);
-    if (namebegins(step->name, "inc"))
+    if (namebegins(step->name, value_names::increment))
         return op::increment;
-    if (namebegins(step->name, "dec"))
+    if (namebegins(step->name, value_names::decrement))
         return op::decrement;
     return 0;
 }

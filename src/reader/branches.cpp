@@ -4,6 +4,7 @@
 #include "reader/reader.h"
 
 #include "base/base.h"
+#include "frontend/frontend.h"
 
 namespace {
 
@@ -27,23 +28,23 @@ struct BranchClass {
 
 // By the beginning of the first target, for what is neither a short-circuit term nor an `if`.
 constexpr BranchClass branch_classes[] = {
-    {"do.", inst::do_branch},
-    {"for.", inst::for_branch},
-    {"cond.", inst::cond_branch},
-    {"while.", inst::while_branch},
+    {labels::do_, inst::do_branch},
+    {labels::for_, inst::for_branch},
+    {labels::conditional, inst::cond_branch},
+    {labels::while_, inst::while_branch},
 };
 
 bool isshortcircuit(const Name *label)
 {
-    return namebegins(label, "land.") || namebegins(label, "lor.");
+    return namebegins(label, labels::logical_and) || namebegins(label, labels::logical_or);
 }
 
 std::uint8_t classify(const Expr *pair)
 {
     if (isshortcircuit(pair->true_label) || isshortcircuit(pair->false_label))
         return inst::chain_branch;
-    if (namebegins(pair->true_label, "if."))
-        return namebegins(pair->false_label, "if.") ? inst::if_branch : inst::other_branch;
+    if (namebegins(pair->true_label, labels::if_))
+        return namebegins(pair->false_label, labels::if_) ? inst::if_branch : inst::other_branch;
     for (const BranchClass &row : branch_classes)
         if (namebegins(pair->true_label, row.first_target))
             return row.op;

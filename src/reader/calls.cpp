@@ -3,6 +3,7 @@
 #include "reader/reader.h"
 
 #include "base/base.h"
+#include "frontend/frontend.h"
 
 std::uint32_t unnamed_params;
 bool after_invoke;
@@ -96,7 +97,7 @@ Ref<Expr> *readplaincallee(Inst *instruction, Type *type, Block *block)
 {
     Expr *callee = readcallee(type, block);
     if (isleaf(callee, leaf::name)) {
-        if (namebegins(callee->value, "llvm.dbg.") || namebegins(callee->value, "llvm.invariant."))
+        if (ismarker(nametext(callee->value)))
             return nullptr;
         note_call(callee->value);
         rejectthrow(callee->value, "__cxa_rethrow");

@@ -3,6 +3,7 @@
 #include "reader/reader.h"
 
 #include "base/base.h"
+#include "frontend/frontend.h"
 
 namespace {
 
@@ -50,7 +51,7 @@ void appendinst(Block *block, Inst *instruction)
 // empty goes on behind the branch of the block before, which keeps it.
 bool continuesinvoke(Block *block, const Name *label)
 {
-    if (!block || !block->last || !namebegins(label, "invoke."))
+    if (!block || !block->last || !namebegins(label, labels::invoke))
         return false;
     Inst *jump = block->last;
     if (jump->op != inst::jump || jump->name != label)

@@ -4,6 +4,7 @@
 #include "reader/reader.h"
 
 #include "base/base.h"
+#include "frontend/frontend.h"
 
 // ---- Attribute words --------------------------------------------------------------------------------------------
 
@@ -304,7 +305,7 @@ int readdeclare()
         return 1;
     }
     Name *name = intern(tokentext(t));
-    if (namebegins(name, "llvm.dbg.") || namebegins(name, "llvm.invariant."))
+    if (ismarker(nametext(name)))
         return 0;
     Symbol *symbol = newsym(name, newtype(kind::function, result));
     if (result->kind == kind::float32)
@@ -314,7 +315,7 @@ int readdeclare()
     symbol->type->params = readdeclareparameters();
     symbol->storage = storage::extern_;
     placedeclaration(symbol);
-    if (namebegins(symbol->name, "llvm.") && result->kind == kind::structure && !result->tag)
+    if (namebegins(symbol->name, intrinsics::prefix) && result->kind == kind::structure && !result->tag)
         returnthroughpointer(symbol->type);
     return 0;
 }

@@ -4,6 +4,7 @@
 #include "reader/reader.h"
 
 #include "base/base.h"
+#include "frontend/frontend.h"
 
 namespace {
 
@@ -44,10 +45,9 @@ Expr *readglobal(Expr *node)
 // "%" name: the slot %x.addr of a parameter has the handle of %x and is told apart by the mark in the leaf.
 Expr *readlocal(Expr *node, Block *block)
 {
-    constexpr std::string_view suffix = ".addr";
     std::string_view text = operandname(true, "invalid local name in term");
-    if (text.size() > suffix.size() && text.ends_with(suffix)) {
-        text.remove_suffix(suffix.size());
+    if (text.size() > slot_suffix.size() && text.ends_with(slot_suffix)) {
+        text.remove_suffix(slot_suffix.size());
         node->slot = block != nullptr;
     }
     makeleaf(node, leaf::local, text);

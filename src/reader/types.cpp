@@ -10,6 +10,7 @@
 #include "reader/reader.h"
 
 #include "base/base.h"
+#include "frontend/frontend.h"
 
 #include <string>
 #include <unordered_map>
@@ -276,9 +277,9 @@ struct AggregatePrefix {
 };
 
 constexpr AggregatePrefix aggregate_prefixes[] = {
-    {"struct.", kind::structure},
-    {"class.", kind::structure},
-    {"union.", kind::union_},
+    {tag_prefixes::structure, kind::structure},
+    {tag_prefixes::class_, kind::structure},
+    {tag_prefixes::union_, kind::union_},
 };
 
 void pushforward(Symbol *symbol)

@@ -5,6 +5,7 @@
 
 #include "base/base.h"
 #include "emit/emit.h"
+#include "frontend/frontend.h"
 
 #include <algorithm>
 
@@ -38,7 +39,8 @@ void outhead(std::string_view head, Expr *condition, std::string_view tail, bool
 
 bool isbodylabel(const Block *block)
 {
-    return labelbegins(block, "if.then") || labelbegins(block, "while.body") || labelbegins(block, "for.body");
+    return labelbegins(block, labels::if_then) || labelbegins(block, labels::while_body) ||
+           labelbegins(block, labels::for_body);
 }
 
 // A body opens its brace, or is the empty statement of a loop on itself.
@@ -60,7 +62,8 @@ void rowbody(WalkState &state)
 // A for.cond block without a condition of its own: the loop is endless.
 bool isendlesshead(const Block *block)
 {
-    return labelbegins(block, "for.cond") && !endsin(block, inst::for_branch) && !endsin(block, inst::chain_branch);
+    return labelbegins(block, labels::for_cond) && !endsin(block, inst::for_branch) &&
+           !endsin(block, inst::chain_branch);
 }
 
 void rowendless(WalkState & /*state*/)
@@ -95,7 +98,7 @@ void rowelse(WalkState & /*state*/)
 // Case labels that the end of a switch has got stand inside the braces, with a way out behind them.
 void rowend(WalkState &state)
 {
-    if (state.inst && state.inst->op == inst::case_label && labelbegins(state.block, "sw.epilog")) {
+    if (state.inst && state.inst->op == inst::case_label && labelbegins(state.block, labels::switch_end)) {
         for (; state.inst && state.inst->op == inst::case_label; state.inst = state.inst->next)
             handlecase(state);
         outline("break;");
@@ -112,28 +115,28 @@ void rowdefault(WalkState & /*state*/)
 
 bool isconstructend(const Block *block)
 {
-    return labelbegins(block, "if.end") || labelbegins(block, "while.end") || labelbegins(block, "for.end") ||
-           labelbegins(block, "sw.epilog");
+    return labelbegins(block, labels::if_end) || labelbegins(block, labels::while_end) ||
+           labelbegins(block, labels::for_end) || labelbegins(block, labels::switch_end);
 }
 
 bool isdobody(const Block *block)
 {
-    return labelbegins(block, "do.body");
+    return labelbegins(block, labels::do_body);
 }
 
 bool isdoend(const Block *block)
 {
-    return labelbegins(block, "do.end");
+    return labelbegins(block, labels::do_end);
 }
 
 bool iselse(const Block *block)
 {
-    return labelbegins(block, "if.else");
+    return labelbegins(block, labels::if_else);
 }
 
 bool isdefault(const Block *block)
 {
-    return labelbegins(block, "sw.default");
+    return labelbegins(block, labels::switch_default);
 }
 
 bool isplain(const Block *block)
@@ -225,7 +228,7 @@ void indexincrements(WalkState &state)
 {
     state.increments_indexed = true;
     for (Block *block = state.firstblock; block; block = block->next)
-        if (labelbegins(block, "for.inc") && endsin(block, inst::jump) && block->last->name)
+        if (labelbegins(block, labels::for_inc) && endsin(block, inst::jump) && block->last->name)
             state.increments[block->last->name].push_back(block);
 }
 
@@ -243,7 +246,7 @@ Block *incrementblock(WalkState &state)
     auto at = std::partition_point(blocks.begin(), blocks.end(),
                                    [&state](const Block *block) { return block->position <= state.block->position; });
     for (; at != blocks.end(); ++at)
-        if (labelbegins(*at, "for.inc") && (*at)->last->name == state.block->label)
+        if (labelbegins(*at, labels::for_inc) && (*at)->last->name == state.block->label)
             return *at;
     return nullptr;
 }
@@ -383,7 +386,7 @@ void outotherhead(WalkState &state, unsigned count)
         outhead("if (", state.inst->expr, ")\n");
     else
         outhead("if (!", state.inst->expr, ")\n", true);
-    if (!labelbegins(state.block->next, "if.then"))
+    if (!labelbegins(state.block->next, labels::if_then))
         openbrace();
     if (state.closecount == 0)
         state.closecount = static_cast<int>(count / one_block) + 2;
@@ -445,8 +448,8 @@ void finishjump(WalkState &state)
 
 bool leavesloop(const Name *target)
 {
-    return namebegins(target, "while.end") || namebegins(target, "for.end") || namebegins(target, "do.end") ||
-           namebegins(target, "sw.epilog");
+    return namebegins(target, labels::while_end) || namebegins(target, labels::for_end) ||
+           namebegins(target, labels::do_end) || namebegins(target, labels::switch_end);
 }
 
 // `return;` where nothing else stands behind the construct, else `break;`
@@ -462,15 +465,16 @@ bool iscontinue(const Block *next, const Name *target)
 {
     if (!next || next->label == target)
         return false;
-    if (namebegins(target, "while.cond"))
-        return !labelbegins(next, "while.end");
-    return namebegins(target, "for.inc") || namebegins(target, "do.cond");
+    if (namebegins(target, labels::while_cond))
+        return !labelbegins(next, labels::while_end);
+    return namebegins(target, labels::for_inc) || namebegins(target, labels::do_cond);
 }
 
 // A jump to the block `return` repeats its return statement. Returns false if that block has none.
 bool jumpstoreturn(WalkState &state, const Name *target)
 {
-    if (labelbegins(state.block, "if.else") && labelbegins(state.block->next, "if.else") && state.closecount == 0) {
+    if (labelbegins(state.block, labels::if_else) && labelbegins(state.block->next, labels::if_else) &&
+        state.closecount == 0) {
         state.closecount = 1;
         state.closers = 1;
     }
@@ -484,9 +488,9 @@ bool jumpstoreturn(WalkState &state, const Name *target)
 
 void notegoto(const Block *block)
 {
-    if (labelbegins(block, "if.then"))
+    if (labelbegins(block, labels::if_then))
         gotostate = GotoState::leaves_then;
-    else if (labelbegins(block, "if.else") && gotostate == GotoState::left_then)
+    else if (labelbegins(block, labels::if_else) && gotostate == GotoState::left_then)
         gotostate = GotoState::leaves_else;
 }
 

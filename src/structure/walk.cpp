@@ -8,6 +8,7 @@
 
 #include "base/base.h"
 #include "emit/emit.h"
+#include "frontend/frontend.h"
 
 #include <algorithm>
 #include <array>
@@ -87,16 +88,6 @@ Block *findblock(Block *start, const Name *label)
 
 namespace {
 
-// The stack slot of a parameter: x.addr, or .addr with a number behind it for a parameter without a name.
-bool isparameterslot(const Name *name)
-{
-    constexpr std::string_view suffix = ".addr";
-    const std::string_view text = nametext(name);
-    if (text.size() > suffix.size() && text.starts_with(suffix) && isdigit(text[suffix.size()]))
-        return true;
-    return text.ends_with(suffix);
-}
-
 // T *name = malloc(count * sizeof(T))
 void outdynamicarray(WalkState &state)
 {
@@ -115,7 +106,7 @@ void outdynamicarray(WalkState &state)
 
 void handlelocal(WalkState &state)
 {
-    if (isparameterslot(state.inst->name))
+    if (isparameterslot(nametext(state.inst->name)))
         return;
     outindent();
     if (state.inst->expr->op == op::leaf)
@@ -160,7 +151,7 @@ bool initsfor(const WalkState &state)
     if (state.inst->op != inst::statement || !jump || jump->op != inst::jump)
         return false;
     const Block *head = state.block->next;
-    return namebegins(jump->name, "for.cond") && head && endsin(head, inst::for_branch);
+    return namebegins(jump->name, labels::for_cond) && head && endsin(head, inst::for_branch);
 }
 
 void holdback(WalkState &state)
@@ -214,7 +205,7 @@ void handlereturn(WalkState &state)
         outexpr(state.inst->expr, false);
     }
     outtext(";\n");
-    if (labelbegins(state.block, "cleanup.cont"))
+    if (labelbegins(state.block, labels::cleanup_cont))
         closebraces(1);
     state.inst = nullptr;
 }
