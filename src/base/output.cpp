@@ -1,4 +1,4 @@
-// The output stream: one large buffer in front of the file, so that a statement costs no call of the C library.
+// The output stream. It has one large buffer of its own, so that short texts cost no call of the C library.
 
 #include "base/base.h"
 

@@ -1,4 +1,4 @@
-// The sections of the output in front of the functions: includes, aliases, externs and variables.
+// The sections of the output before the functions: includes, aliases, externs and variables.
 
 #include "emit/emit.h"
 
@@ -114,7 +114,7 @@ bool isreadonlyinline(const Symbol *variable)
     return variable->qual == qual::const_ && (variable->flags & flag::linkonce_odr);
 }
 
-// Declares a variable that is defined behind all the others.
+// Declares a variable that is defined after all the others.
 void outforward(const Symbol *variable)
 {
     if (variable->flags & flag::appending)

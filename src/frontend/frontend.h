@@ -1,13 +1,13 @@
 // What the programs of this tree must agree on: the names that the front end gives to blocks, values and aggregates,
-// and what becomes of names and strings in C.
+// and how names and strings are spelled in C.
 #pragma once
 
 #include <string_view>
 
 // ---- Names that the front end gives (names.cpp) -----------------------------------------------------------------
-// It numbers what it names more than once: a label begins with the text given here, and so does a value.
+// The names are prefixes: the front end appends a number when it uses a name again.
 
-// Labels. One that ends in a dot is the beginning of all labels of a construct.
+// Labels. One that ends in a dot is the common prefix of all labels of a construct.
 namespace labels {
 inline constexpr std::string_view if_ = "if.";
 inline constexpr std::string_view if_then = "if.then";
@@ -28,14 +28,14 @@ inline constexpr std::string_view do_cond = "do.cond";
 inline constexpr std::string_view do_end = "do.end";
 inline constexpr std::string_view switch_default = "sw.default";
 inline constexpr std::string_view switch_end = "sw.epilog";
-inline constexpr std::string_view conditional = "cond.";  // the branches of ?: and where they meet
+inline constexpr std::string_view conditional = "cond.";  // the arms of ?: and their join
 inline constexpr std::string_view logical_and = "land.";
 inline constexpr std::string_view logical_or = "lor.";
-inline constexpr std::string_view invoke = "invoke.";  // where an invoke goes on
+inline constexpr std::string_view invoke = "invoke.";  // the normal destination of an invoke
 inline constexpr std::string_view cleanup_cont = "cleanup.cont";
 }  // namespace labels
 
-// Values of ++ and --: of a number, and of a pointer in either direction.
+// Results of ++ and --: of a number, and of a pointer for either operator.
 namespace value_names {
 inline constexpr std::string_view increment = "inc";
 inline constexpr std::string_view decrement = "dec";
@@ -46,14 +46,14 @@ inline constexpr std::string_view pointer_step = "incdec.ptr";
 inline constexpr std::string_view slot_suffix = ".addr";
 bool isparameterslot(std::string_view local);
 
-// How the names of aggregates begin.
+// Prefixes of the names of aggregates.
 namespace tag_prefixes {
 inline constexpr std::string_view structure = "struct.";
 inline constexpr std::string_view class_ = "class.";
 inline constexpr std::string_view union_ = "union.";
 }  // namespace tag_prefixes
 
-// Intrinsics. One that ends in a dot goes on with the types of its operands.
+// Intrinsics. One that ends in a dot is followed by the types of its operands.
 namespace intrinsics {
 inline constexpr std::string_view prefix = "llvm.";
 inline constexpr std::string_view debug = "llvm.dbg.";
@@ -63,8 +63,8 @@ inline constexpr std::string_view memory_move = "llvm.memmove.";
 inline constexpr std::string_view memory_set = "llvm.memset.";
 inline constexpr std::string_view stack_restore = "llvm.stackrestore";
 }  // namespace intrinsics
-// Whether it is one for the debugger or the optimiser, which does nothing.
-bool ismarker(std::string_view function);
+// Whether it is an intrinsic for the debugger or the optimiser, whose calls have no effect.
+bool isannotation(std::string_view function);
 
 // ---- Names and strings in C (spelling.cpp) ----------------------------------------------------------------------
 
@@ -72,6 +72,6 @@ bool ismarker(std::string_view function);
 // next call.
 std::string_view cname(std::string_view name);
 
-// Translates the escapes of an IR string into those of C. Of a text that stands in its quotes, a translated zero byte
-// before the closing one is taken out. The result is valid until the next call.
+// Translates the escapes of an IR string into those of C. With `quoted` the text includes its quotes, and a zero byte
+// at the end of the string, which C adds itself, is left out. The result is valid until the next call.
 std::string_view cstring(std::string_view text, bool quoted);

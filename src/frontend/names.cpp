@@ -1,4 +1,4 @@
-// Tests on names that the front end gives.
+// Classes of names that the front end gives.
 
 #include "frontend/frontend.h"
 
@@ -11,7 +11,7 @@ bool isparameterslot(std::string_view local)
     return local.ends_with(slot_suffix);
 }
 
-bool ismarker(std::string_view function)
+bool isannotation(std::string_view function)
 {
     return function.starts_with(intrinsics::debug) || function.starts_with(intrinsics::invariant);
 }

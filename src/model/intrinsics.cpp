@@ -23,7 +23,7 @@ Name *memoryname(const Name *name)
 
 namespace {
 
-constexpr int memory_parameters = 3;
+constexpr int memory_parameters = 3;  // of the C functions; the rest is alignment and volatility
 
 // The length of a memory function is an unsigned int unless it is narrower.
 void narrowlength(Type *type)

@@ -24,7 +24,7 @@ std::uint32_t need_flags;
 
 namespace {
 
-// Numbers the functions as `current_calls` is handed over; 0 is no function.
+// The number of the function being read; 0 is no function.
 std::uint32_t call_epoch = 1;
 
 }  // namespace

@@ -91,7 +91,7 @@ inline constexpr std::uint16_t ampersand = 104;
 inline constexpr std::uint16_t dollar = 252;
 }  // namespace token
 
-// Type::kind. Bit 0 of every integer kind but the bool says unsigned; the kinds are ordered by size.
+// Type::kind. Bit 0 of every integer kind but the bool means unsigned; the kinds are ordered by size.
 namespace kind {
 inline constexpr std::uint8_t boolean = 0x01;
 inline constexpr std::uint8_t ellipsis = 0x07;
@@ -159,7 +159,7 @@ inline constexpr std::uint8_t branch_pair = 143;   // true_label and false_label
 
 // Expr::leaf, meaningful where op is 0.
 namespace leaf {
-inline constexpr std::uint8_t none = 0;  // pass-through wrapper of a getelementptr being read
+inline constexpr std::uint8_t none = 0;  // wrapper of a getelementptr being read, without an effect
 inline constexpr std::uint8_t string = 4;
 inline constexpr std::uint8_t name = 18;
 inline constexpr std::uint8_t number = 19;
@@ -192,7 +192,7 @@ inline constexpr std::uint8_t while_branch = 159;
 // Inst::used.
 namespace used {
 inline constexpr std::uint8_t no = 0;
-inline constexpr std::uint8_t folded = 1;     // the tree stands in a use
+inline constexpr std::uint8_t folded = 1;     // the tree is part of a use
 inline constexpr std::uint8_t temporary = 2;  // the value lives in a variable of its own
 }  // namespace used
 
@@ -277,7 +277,7 @@ struct Name {
     Ref<Symbol> function;   // first entry in `functions`
     Ref<Symbol> aggregate;  // first entry in `aggregates`
     Ref<Symbol> forward;    // entry in `forward_aggregates`
-    LocalName *local;       // what the name stands for in the function at hand, valid for local_epoch
+    LocalName *local;       // what the name stands for in the current function, valid for local_epoch
     std::uint32_t local_epoch;
     std::uint32_t call_epoch;  // the function whose `current_calls` has the name
     bool unresolved;           // in `unresolved`
@@ -307,7 +307,7 @@ struct Symbol {
     Ref<Symbol> next;
     union {
         Ref<Symbol> prev;     // aggregates and functions: the entry before it
-        std::uint32_t place;  // variable: in `variables`, from 0, while reachability is told
+        std::uint32_t place;  // variable: in `variables`, from 0, during the reachability analysis
     };
     union {
         Ref<Expr> value;    // variable: first initialiser node, null for none
@@ -381,7 +381,7 @@ struct Inst {
 // One line of metadata.
 struct Meta {
     Ref<Meta> next;
-    const char *text;  // the rest of the line behind its second `!`
+    const char *text;  // the rest of the line after its second `!`
     std::uint32_t id;
 };
 
@@ -402,8 +402,8 @@ Block *newblock();
 Inst *newinst();
 Meta *newmeta();
 
-// Forgets an expression that was just made and that nothing holds: the address-of that a load or store strips, the
-// leaf of an operand that gave way to its definition. One that another record was made behind stays.
+// Frees an expression that was just made and that nothing refers to: the address-of that a load or store strips, the
+// leaf of an operand that was replaced by its definition. If it is not the newest record any more, it stays.
 void dropexpr(const Expr *expr);
 
 // A number leaf of the type int with the given text.
@@ -412,7 +412,7 @@ Expr *newnumber(std::string_view text);
 // The unique record of `text`; makes it if there is none.
 Name *intern(std::string_view text);
 
-// A name that equals no other, whatever its text: no input can refer to it.
+// A name that is different from all others, whatever its text: no input can refer to it.
 Name *privatename(std::string_view text);
 
 // Views of names; a null name has the empty text.
@@ -424,7 +424,7 @@ inline bool namebegins(const Name *name, std::string_view prefix)
 {
     return name && nametext(name).starts_with(prefix);
 }
-// Whether the name is one that the front end numbers.
+// Whether it is the name of an unnamed value, a number.
 inline bool isnumbered(const Name *name)
 {
     return name && isdigit(name->text[0]);
@@ -460,11 +460,11 @@ void add_function(Symbol *symbol);
 void add_alias(Symbol *symbol);
 void add_meta(Meta *meta);
 
-// A reference to a global that is no known variable: counts in its prototype, or waits in `unresolved`.
+// A reference to a global that is no known variable: counted in its prototype, or else kept in `unresolved`.
 void note_unresolved(Name *name);
 // A call in the function being read; memory intrinsics enter under their plain names.
 void note_call(Name *name);
-// Hands `current_calls` over and empties it.
+// Returns `current_calls` and empties it.
 Symbol *takecalls();
 void add_include(const char *header);
 // Enters the global at the end of an address chain into `initrefs`. A null expression is passed over.
@@ -472,7 +472,7 @@ void note_initref(const Expr *expr);
 // The name leaf at the end of a chain of address-of, casts, additions and indexes, or null.
 Expr *addressedleaf(Expr *expr);
 
-// Appends `element` behind `tail`, or as the head, and returns it.
+// Appends `element` after `tail`, or as the head.
 template <class Record>
 void append(List<Record> &list, Record *element)
 {
@@ -483,7 +483,7 @@ void append(List<Record> &list, Record *element)
     list.tail = element;
 }
 
-// Links `symbol` in front of `before`, and takes it out again, in a list whose symbols have their `prev` set.
+// Links `symbol` in before `before`, and unlinks it, in a list whose symbols have their `prev` set.
 void insertsymbol(List<Symbol> &list, Symbol *symbol, Symbol *before);
 void removesymbol(List<Symbol> &list, Symbol *symbol);
 
@@ -547,7 +547,7 @@ inline std::uint8_t opposite(std::uint8_t comparison)
 {
     return static_cast<std::uint8_t>(((comparison - 1U) ^ 1U) + 1U);
 }
-// The type of an expression and what a type leads to; null for null.
+// The type of an expression, and the pointee, element or result of a type; null for null.
 inline Type *exprtype(const Expr *expr)
 {
     if (!expr)
@@ -570,8 +570,8 @@ bool sameoperand(const Expr *a, const Expr *b);
 
 // ---- Locals and temporaries (locals.cpp, temporaries.cpp) --------------------------------------------------------
 
-// A list with room for one entry in place: most names stand for one thing of a kind. What a list has taken from the
-// pool stays its own when it is cleared, so clearing and filling it again costs no memory.
+// A list with room for one entry in place: most names stand for one thing of a kind. A list keeps its
+// memory when it is cleared, so clearing and filling it again costs none.
 template <class Record>
 struct ShortList {
     union {
@@ -579,12 +579,12 @@ struct ShortList {
         Record **many;
     };
     std::uint32_t count;
-    std::uint32_t capacity;  // of `many`; 0 while the entry stands in place
+    std::uint32_t capacity;  // of `many`; 0 while the entry is in place
 
     Record *const *begin() const { return capacity ? many : &single; }
     Record *const *end() const { return begin() + count; }
     void clear() { count = 0; }
-    // Enters `record` in front of the entry at `place`, counted from 0 and at most `count`.
+    // Inserts `record` before the entry at `place`, counted from 0 and at most `count`.
     void insert(std::size_t place, Record *record)
     {
         if (count == std::max(capacity, 1U))
@@ -607,11 +607,11 @@ private:
     }
 };
 
-// What one name stands for in the function at hand; each list in the order of the Insts or Blocks.
+// What one name stands for in the current function; each list in the order of the Insts or Blocks.
 struct LocalName {
     ShortList<Inst> named;    // values, phis and locals of this name
     ShortList<Inst> stores;   // statements that store the local of this name
-    ShortList<Inst> slots;    // locals of this name with ".addr" behind it
+    ShortList<Inst> slots;    // locals of this name with ".addr" appended
     ShortList<Block> blocks;  // blocks with this label, while a body is written
 };
 
@@ -620,9 +620,9 @@ void beginlocals();
 // The entry of `name` in the current index, made if need be; findlocal() gives null instead.
 LocalName &localname(Name *name);
 LocalName *findlocal(const Name *name);
-// Enters an Inst that was appended at the end of the chain, and gives it its order.
+// Enters an Inst that was appended to the chain, and sets its order.
 void notelocal(Inst *instruction);
-// Takes back the jump that was noted last: it has left the chain.
+// Removes the jump that was noted last: it was unlinked.
 void dropjump();
 // Enters all Insts of the chain that ends at `last` into the current index, which must have none.
 void indexchain(Inst *last);

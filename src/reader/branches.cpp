@@ -1,5 +1,5 @@
-// Branches, switch, return and phi. The label prefixes of a branch's targets tell what construct of the source it came
-// from; the op that a branch gets here is what the statement walk goes by.
+// Branches, switch, return and phi. The label prefixes of a branch's targets show the construct of the source that it
+// belongs to; the op that a branch gets here selects its handler in the statement walk.
 
 #include "reader/reader.h"
 
@@ -26,7 +26,7 @@ struct BranchClass {
     std::uint8_t op;
 };
 
-// By the beginning of the first target, for what is neither a short-circuit term nor an `if`.
+// By the prefix of the first target, for what is neither a short-circuit term nor an `if`.
 constexpr BranchClass branch_classes[] = {
     {labels::do_, inst::do_branch},
     {labels::for_, inst::for_branch},
@@ -65,7 +65,7 @@ Expr *readtargets()
     return pair;
 }
 
-// A branch on the condition behind the token `width`, which is the i1. A constant compare reads as an instruction.
+// A branch on the condition after the token `width`, the i1. A constant compare is read as an instruction.
 Inst *readconditional(const Token &width, Block *block)
 {
     Token t;
@@ -88,7 +88,7 @@ Inst *readconditional(const Token &width, Block *block)
     return instruction;
 }
 
-// label, pushed back to its first word `t`; null after a report.
+// label, whose first word `t` is taken already; null after a report.
 Inst *readjump(const Token &t)
 {
     Inst *instruction = newinst();
@@ -118,7 +118,7 @@ Inst *readbr(Block *block)
     return invalidbranch();
 }
 
-// label "unwind" ...: the continuation of an invoke.
+// label "unwind" ...: the destinations of an invoke.
 Inst *readto()
 {
     after_invoke = false;
@@ -188,7 +188,7 @@ Inst *readret(Block *block)
 
 namespace {
 
-// "[" value "," "%" label "]"; null after a report. Locals stay unresolved: they may stand in blocks still to come.
+// "[" value "," "%" label "]"; null after a report. Locals stay unresolved: they may be defined in later blocks.
 Expr *readphipair(Type *type)
 {
     if (!expect(token::left_bracket, "missing [ in phi instruction"))

@@ -95,7 +95,7 @@ bool closesaggregate(const Token &t)
     return t.code == token::right_brace || t.code == token::right_bracket;
 }
 
-// What opens an element behind its type.
+// How an element begins after its type.
 enum class Element { aggregate, zero, term };
 
 Element elementform()
@@ -122,8 +122,8 @@ Expr *marker(std::uint8_t op)
     return newexpr(op, nullptr);
 }
 
-// Steps behind an element: closes as many aggregates as end here. Returns the token behind them; `depth` falls below
-// zero when the outermost one has ended.
+// Closes as many aggregates as end after an element. Returns the token that follows; `depth` falls below zero when the
+// outermost aggregate has ended.
 Token closeelements(List<Expr> &elements, int &depth)
 {
     Token t;
@@ -139,9 +139,9 @@ Token closeelements(List<Expr> &elements, int &depth)
     return t;
 }
 
-// The elements of an initialiser, read behind its opening bracket:
+// The elements of an initialiser, from after its opening bracket:
 //   element = type ( "zeroinitializer" | "undef" | ["<"] ("{" | "[") element { "," element } ("}" | "]") [">"] | term )
-// The list is flat; inner aggregates stand between markers.
+// The list is flat; markers enclose the elements of an inner aggregate.
 Expr *readelements()
 {
     List<Expr> elements{};
@@ -209,7 +209,7 @@ int readalias(Name *name)
     return 0;
 }
 
-// Attribute words and what they make of the line: an alias or a variable.
+// words alias | words variable
 int readvariable(Name *name)
 {
     const std::uint32_t flags = readwords();
@@ -252,8 +252,7 @@ int readgloballine()
 
 namespace {
 
-// The C functions behind the memory intrinsics have this many parameters; the rest is alignment and volatility.
-// { type words "," } ")" from behind the opening parenthesis.
+// { type words "," } ")" from after the opening parenthesis.
 Symbol *readdeclareparameters()
 {
     if (acceptif(token::right_paren))
@@ -266,7 +265,7 @@ Symbol *readdeclareparameters()
     return parameters.head;
 }
 
-// An intrinsic with a literal structure as its result returns it through a pointer in front of its parameters.
+// An intrinsic whose result is a literal structure returns it through a pointer, its first parameter.
 void returnthroughpointer(Type *function)
 {
     Type *nothing = newtype(kind::void_, nullptr);
@@ -305,7 +304,7 @@ int readdeclare()
         return 1;
     }
     Name *name = intern(tokentext(t));
-    if (ismarker(nametext(name)))
+    if (isannotation(nametext(name)))
         return 0;
     Symbol *symbol = newsym(name, newtype(kind::function, result));
     if (result->kind == kind::float32)

@@ -1,8 +1,8 @@
 // The readers of the input: a line-oriented scanner and one reader for each construct of the text.
 //
 // A line reader returns 0, or non-zero after a reported failure. A reader of a construct returns null after a
-// reported failure or for an input that is dropped: the caller adds nothing and goes on with the next line. Whatever
-// stands on a line behind what a reader needs is never looked at.
+// reported failure or for an input that is dropped: the caller adds nothing and goes on with the next line. The rest of
+// a line after what a reader needs is ignored.
 #pragma once
 
 #include "model/model.h"
@@ -31,7 +31,7 @@ bool openinput(const char *name);
 // of the input and ever after; the input is closed then. A read error is reported.
 const char *nextline();
 
-// Scans one token and moves the cursor behind it. At the end of a line it gives token::end_of_line again and again.
+// Scans one token and moves the cursor past it. At the end of a line it gives token::end_of_line again and again.
 // A string without its closing quote is reported and ends with the line.
 void gettoken(Token &t);
 
@@ -89,22 +89,22 @@ bool atend();
 
 // ---- Types (types.cpp) ------------------------------------------------------------------------------------------
 
-// Reads one type; the token behind it is left. Never null: a type that can't be read is reported and gives an int.
+// Reads one type; the token after it is left. Never null: a type that can't be read is reported and gives an int.
 Type *readtype();
-// The rest of a line that opens with `%`: name = type ...
+// The rest of a line that begins with `%`: name = type ...
 int readaggregateline();
 
 // ---- Module lines (globals.cpp) ---------------------------------------------------------------------------------
 
-int readgloballine();  // the rest of a line that opens with `@`
+int readgloballine();  // the rest of a line that begins with `@`
 int readdeclare();     // the rest of a `declare` line
-int readmetaline();    // the rest of a line that opens with `!`
+int readmetaline();    // the rest of a line that begins with `!`
 // Scans attribute words and returns the OR of their flags; the first other token is left.
 std::uint32_t readwords();
 
 // ---- Operands (terms.cpp) ---------------------------------------------------------------------------------------
 
-// Reads one operand; never null. `type` is its type, null if the type stands in front of it in the text. With a
+// Reads one operand; never null. `type` is its type, null if the text has the type before it. With a
 // `block`, locals are replaced by the trees that define them; without, they stay leaves of code leaf::local.
 Expr *readterm(Type *type, Block *block);
 
@@ -121,14 +121,14 @@ Expr *forcesign(Expr *operand);
 // What follows the words `call` and `invoke`. `instruction` is the Inst of a value line; null makes a statement.
 Inst *readcall(Block *block, Inst *instruction);
 Inst *readinvoke(Block *block, Inst *instruction);
-// Takes the marker in front of the word `call`, if `t` is one; `t` is then that word. Returns false after a report.
+// Takes the marker before the word `call`, if `t` is one; `t` is then that word. Returns false after a report.
 bool skiptailmarker(Token &t);
 // One argument of a call.
 Expr *readparam(Block *block);
 // One parameter of a function header; unnamed ones are numbered from unnamed_params.
 Symbol *readparam();
 extern std::uint32_t unnamed_params;
-// Takes the token behind a parameter of a declaration or a header. Returns whether the list has ended, at ")" or with
+// Takes the token after a parameter of a declaration or a header. Returns whether the list has ended, at ")" or with
 // the line; anything but a comma is reported.
 bool endsparams();
 extern bool after_invoke;  // an invoke was read and its `to` line is due
@@ -144,4 +144,4 @@ Inst *readphi(Inst *instruction);
 
 // ---- Functions (functions.cpp) ----------------------------------------------------------------------------------
 
-int readdefine();  // from behind the word `define` to the closing brace
+int readdefine();  // from after the word `define` to the closing brace

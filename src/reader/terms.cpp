@@ -15,7 +15,7 @@ Expr *makeleaf(Expr *node, std::uint8_t code, std::string_view text)
     return node;
 }
 
-// The name behind `@` or `%`; what doesn't fit is reported and its text taken.
+// The name after `@` or `%`; any other token is reported and its text used.
 std::string_view operandname(bool numbers, const char *message)
 {
     Token t;
@@ -42,7 +42,7 @@ Expr *readglobal(Expr *node)
     return address;
 }
 
-// "%" name: the slot %x.addr of a parameter has the handle of %x and is told apart by the mark in the leaf.
+// "%" name: the slot %x.addr of a parameter has the name of %x and a mark in the leaf.
 Expr *readlocal(Expr *node, Block *block)
 {
     std::string_view text = operandname(true, "invalid local name in term");
@@ -54,7 +54,7 @@ Expr *readlocal(Expr *node, Block *block)
     if (!block)
         return node;
     Expr *tree = substitute(node, block);
-    // What substitution made to hold the leaf was made behind it, and then the leaf stays.
+    // A node that substitution made to hold the leaf is newer, and then the leaf stays.
     if (tree != node)
         dropexpr(node);
     return tree;
@@ -73,7 +73,7 @@ bool iszero(const Expr *expr)
     return isleaf(expr, leaf::number) && number(nametext(expr->value)) == 0;
 }
 
-// The state of a getelementptr: the tree so far, and the type that its last step led to.
+// The state of a getelementptr: the tree so far, and the type that its last step reached.
 struct AddressWalk {
     Expr *node;
     Type *type;  // never null
@@ -104,7 +104,7 @@ void stepfield(AddressWalk &walk, Expr *index)
     walk.node->type = walk.type;
 }
 
-// The first zero index of a pointer: the thing that it points to. The address of a thing gives way to the thing.
+// A zero index of a pointer: a dereference, which cancels an address-of.
 void stepthrough(AddressWalk &walk)
 {
     Ref<Expr> &base = walk.node->left;
@@ -143,7 +143,7 @@ void step(AddressWalk &walk, Expr *index)
         stepindex(walk, index);
 }
 
-// Takes the token of an index list that decides whether an index follows; `!` opens metadata and ends the list.
+// Takes the next token of an index list. Returns whether an index follows: `!` begins metadata, which ends the list.
 bool opensindex(Token &t)
 {
     do
@@ -208,8 +208,8 @@ Expr *readpointercast(Expr *node, Block *block)
     return readcast(node, block, "missing to in inttoptr/ptrtoint");
 }
 
-// A tree that stands in a list already gives a copy of its node: an element of a constant in a function can be the
-// tree of a value that is used elsewhere.
+// The element, or a copy of its node if that is linked in a list already: an element of a constant in a function can be
+// the tree of a value that is used elsewhere.
 Expr *unlinked(Expr *element, const List<Expr> &elements)
 {
     if (!element->next && element != elements.tail)

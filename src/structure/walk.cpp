@@ -122,8 +122,8 @@ bool isdynamicarray(const Inst *instruction)
     return instruction->op == inst::local && instruction->expr->op != op::leaf;
 }
 
-// Directly behind the call that restores the stack: frees the dynamic arrays in the order of their declarations. They
-// are looked for in the block of the first one.
+// Directly after the call that restores the stack: frees the dynamic arrays in the order of their declarations. Only
+// the block of the first one is searched.
 void outpendingfrees(WalkState &state)
 {
     for (; state.alloccount != 0; --state.alloccount) {
@@ -144,7 +144,7 @@ void outpendingfrees(WalkState &state)
 
 // ---- Statements -------------------------------------------------------------------------------------------------
 
-// Whether the statement is the last one in front of a branch to the head of a `for`: it becomes the init.
+// Whether the statement is the last one before a branch to the head of a `for`: it becomes the init.
 bool initsfor(const WalkState &state)
 {
     const Inst *jump = state.inst->next;
@@ -154,14 +154,14 @@ bool initsfor(const WalkState &state)
     return namebegins(jump->name, labels::for_cond) && head && endsin(head, inst::for_branch);
 }
 
-void holdback(WalkState &state)
+void deferstatement(WalkState &state)
 {
     Expr *statement = state.inst->expr;
     if (state.pending) {
-        Expr *both = newexpr(op::comma, state.pending->type);
-        both->left = state.pending;
-        both->right = statement;
-        statement = both;
+        Expr *sequence = newexpr(op::comma, state.pending->type);
+        sequence->left = state.pending;
+        sequence->right = statement;
+        statement = sequence;
     }
     state.pending = statement;
 }
@@ -172,7 +172,7 @@ void handlestatement(WalkState &state)
     if (isop(expr, op::assign) && sameoperand(expr->left, expr->right))
         return;
     if (state.joinstate != join::none) {
-        holdback(state);
+        deferstatement(state);
     } else if (initsfor(state)) {
         state.pending = expr;
     } else {
@@ -188,7 +188,7 @@ void handlevalue(WalkState &state)
         handlestatement(state);
 }
 
-// Ends the block; whatever follows in it is dropped.
+// Ends the block; the rest of it is dropped.
 void handlenothing(WalkState &state)
 {
     state.inst = nullptr;
@@ -280,7 +280,7 @@ void step(WalkState &state)
         handler(state);
 }
 
-// At the start of a block: the braces that fall due there take the place of whatever its label says.
+// At the start of a block: braces that are due there are written in place of what its label stands for.
 void enterblock(WalkState &state)
 {
     state.inst = state.block->first;

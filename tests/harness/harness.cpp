@@ -20,8 +20,8 @@ namespace harness {
 
 namespace {
 
-// A sanitizer's report ends in a signal, so that none passes for quarl's own status 1. A runaway output must not fill
-// the disk: 1 GB in units of 512 bytes.
+// A sanitizer's report ends in a signal, which differs from quarl's own status 1. The output is limited to 1 GB, in
+// units of 512 bytes.
 constexpr const char *surroundings = "ulimit -c 0; ulimit -f 2097152; "
                                      "export ASAN_OPTIONS=detect_leaks=0:abort_on_error=1:allocator_may_return_null=1 "
                                      "UBSAN_OPTIONS=abort_on_error=1:print_stacktrace=1; ";
@@ -32,7 +32,7 @@ constexpr const char *surroundings = "ulimit -c 0; ulimit -f 2097152; "
     std::abort();
 }
 
-// A word for the shell, which has no single quote itself.
+// A word for the shell; it must have no single quote.
 std::string quoted(const std::string &word)
 {
     if (word.find('\'') != std::string::npos)

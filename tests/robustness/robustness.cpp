@@ -1,5 +1,5 @@
-// Inputs that nobody writes: damaged modules, bytes of no meaning, nesting and lines beyond any size. Whatever they
-// hold, quarl ends in time with status 0 or 1, and status 1 never comes without a message.
+// Malformed and oversized inputs: damaged modules, random bytes, deep nesting and long lines. For each quarl must end
+// in time with status 0, or with status 1 and a message.
 // All are made from fixed seeds, so that a run that fails can be repeated.
 #include "harness/harness.h"
 
@@ -67,16 +67,16 @@ std::vector<Input> modules()
     return found;
 }
 
-// std::uniform_int_distribution gives other numbers with another library, so the remainder has to do.
+// A remainder: std::uniform_int_distribution differs from library to library.
 size_t below(std::mt19937 &random, size_t bound)
 {
     return bound == 0 ? 0 : random() % bound;
 }
 
-// Changes, takes out or adds a byte, a word or a line.
+// Changes, removes or adds a byte, a word or a line.
 void mutate(std::string &text, std::mt19937 &random)
 {
-    // Words and signs that a reader may take for the start of something.
+    // Words and signs that have a meaning for some reader.
     static const std::vector<std::string> fragments = {
         "{",    "}",      "[",    "]",     "(",  ")",    "<",          ">",  "*",   ",",    "=",
         ":",    "@",      "%",    "!",     "#0", "\"",   "c\"",        "\\", "...", "i8",   "i16",
@@ -98,7 +98,7 @@ void mutate(std::string &text, std::mt19937 &random)
     text.replace(at, below(random, 2) * length, by[below(random, std::size(by))]);
 }
 
-// What stands around `count` times `open`, and around as many times `close` behind it.
+// The texts around `count` times `open`, followed by as many times `close`.
 struct Pattern {
     std::string name;
     std::string front;

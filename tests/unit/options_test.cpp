@@ -39,7 +39,7 @@ protected:
     {
         return harness::run(program, arguments, directory);
     }
-    // Runs quarl and compares its standard error and its status; nothing is to come on standard output.
+    // Runs quarl and compares its standard error and its status; standard output must be empty.
     void expect(const Words &arguments, int status, const std::string &err)
     {
         const harness::Result result = run(arguments);
@@ -90,7 +90,7 @@ TEST_F(Options, several_options_share_an_argument)
     EXPECT_TRUE(holds("from.c", "#include <lldefs.h>\n"));
 }
 
-TEST_F(Options, the_output_name_stands_behind_o_or_in_the_next_argument)
+TEST_F(Options, the_output_name_follows_o_or_is_the_next_argument)
 {
     expect({"-o", "a.c", "one.ll"}, 0, "");
     expect({"-ob.c", "one.ll"}, 0, "");
