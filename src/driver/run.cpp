@@ -24,12 +24,9 @@ const char *source_name;  // text of the source_filename line; null without one
 // source_filename = "name"
 int readsource()
 {
-    Token t;
-    gettoken(t);
-    if (t.code != token::assign) {
-        report("missing = in source definition");
+    if (!expect(token::assign, "missing = in source definition"))
         return 1;
-    }
+    Token t;
     gettoken(t);
     if (t.code != token::string) {
         report("missing string in source definition");

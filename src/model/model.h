@@ -560,6 +560,14 @@ inline Type *subtype(const Type *type)
         return nullptr;
     return type->sub;
 }
+// The member at `place`, from 0, of an aggregate; null if there are fewer.
+inline Symbol *memberat(const Type *aggregate, std::uint32_t place)
+{
+    Symbol *member = aggregate->members;
+    for (; place > 0 && member; --place)
+        member = member->next;
+    return member;
+}
 // Whether a type counts as unsigned: bit 0 of its kind. A null type does not.
 inline bool isunsigned(const Type *type)
 {

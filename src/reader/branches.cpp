@@ -13,12 +13,7 @@ Name *readlabel()
 {
     if (!expectword("label", "invalid label syntax") || !expect(token::percent, "invalid label prefix"))
         return nullptr;
-    Token t;
-    gettoken(t);
-    if (t.code == token::identifier)
-        return intern(tokentext(t));
-    report("invalid label name");
-    return nullptr;
+    return expectname("invalid label name");
 }
 
 struct BranchClass {
@@ -197,13 +192,9 @@ Expr *readphipair(Type *type)
     if (!expect(token::comma, "missing , in phi instruction") ||
         !expect(token::percent, "invalid label prefix in phi instruction"))
         return nullptr;
-    Token t;
-    gettoken(t);
-    if (t.code != token::identifier) {
-        report("invalid label in phi instruction");
+    value->label = expectname("invalid label in phi instruction");
+    if (!value->label)
         return nullptr;
-    }
-    value->label = intern(tokentext(t));
     return expect(token::right_bracket, "missing ] in phi instruction") ? value : nullptr;
 }
 

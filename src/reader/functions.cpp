@@ -220,13 +220,10 @@ int readdefine()
     Type *result = readtype();
     if (!expect(token::at, "invalid global prefix in define"))
         return 1;
-    Token t;
-    gettoken(t);
-    if (t.code != token::identifier) {
-        report("invalid global name in define");
+    Name *name = expectname("invalid global name in define");
+    if (!name)
         return 1;
-    }
-    Symbol *fn = newsym(intern(tokentext(t)), newtype(kind::function, result));
+    Symbol *fn = newsym(name, newtype(kind::function, result));
     fn->storage = functionstorage(flags);
     fn->flags = flags;
     if (!expect(token::left_paren, "missing ( in define"))

@@ -197,14 +197,11 @@ int readalias(Name *name)
     readtype();
     if (!expect(token::at, "invalid alias prefix"))
         return 1;
-    Token t;
-    gettoken(t);
-    if (t.code != token::identifier) {
-        report("invalid alias name");
+    Name *aliasee = expectname("invalid alias name");
+    if (!aliasee)
         return 1;
-    }
     Symbol *alias = newsym(name, nullptr);
-    alias->aliasee = intern(tokentext(t));
+    alias->aliasee = aliasee;
     add_alias(alias);
     return 0;
 }
@@ -236,14 +233,8 @@ int readvariable(Name *name)
 // "@" name "=" words type [initialiser]
 int readgloballine()
 {
-    Token t;
-    gettoken(t);
-    if (t.code != token::identifier) {
-        report("invalid variable name");
-        return 1;
-    }
-    Name *name = intern(tokentext(t));
-    if (!expect(token::assign, "missing = in variable definition"))
+    Name *name = expectname("invalid variable name");
+    if (!name || !expect(token::assign, "missing = in variable definition"))
         return 1;
     return readvariable(name);
 }
@@ -297,13 +288,9 @@ int readdeclare()
     Type *result = readtype();
     if (!expect(token::at, "invalid global prefix in declare"))
         return 1;
-    Token t;
-    gettoken(t);
-    if (t.code != token::identifier) {
-        report("invalid global name in declare");
+    Name *name = expectname("invalid global name in declare");
+    if (!name)
         return 1;
-    }
-    Name *name = intern(tokentext(t));
     if (isannotation(nametext(name)))
         return 0;
     Symbol *symbol = newsym(name, newtype(kind::function, result));

@@ -363,9 +363,7 @@ Inst *readextract(Inst *instruction, Block *block, const InstForm & /*form*/)
         report("unexpected type in extractvalue");
         return nullptr;
     }
-    Symbol *member = tree->left->type->members;
-    for (std::uint32_t place = number(tokentext(t)); place > 0 && member; --place)
-        member = member->next;
+    Symbol *member = memberat(tree->left->type, number(tokentext(t)));
     if (!member) {
         report("invalid index in extractvalue");
         return nullptr;

@@ -82,6 +82,8 @@ auto findword(const Token &t)
 bool expect(std::uint16_t code, const char *message);
 // The same for an identifier.
 bool expectword(std::string_view word, const char *message);
+// Takes an identifier and gives its name, or reports `message` and returns null.
+Name *expectname(const char *message);
 // Takes the next token only if its code is `code`.
 bool acceptif(std::uint16_t code);
 // Whether nothing is left on the line.

@@ -455,6 +455,16 @@ bool expectword(std::string_view word, const char *message)
     return false;
 }
 
+Name *expectname(const char *message)
+{
+    Token t;
+    gettoken(t);
+    if (t.code == token::identifier)
+        return intern(tokentext(t));
+    report(message);
+    return nullptr;
+}
+
 bool acceptif(std::uint16_t code)
 {
     Token t;

@@ -92,9 +92,7 @@ void stepfield(AddressWalk &walk, Expr *index)
         report(message);
         index = newnumber("0");
     }
-    Symbol *member = walk.type->members;
-    for (std::uint32_t place = number(nametext(index->value)); place > 0 && member; --place)
-        member = member->next;
+    Symbol *member = memberat(walk.type, number(nametext(index->value)));
     if (!member)
         report(message);
     index->symbol = member;

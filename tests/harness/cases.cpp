@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <iostream>
-#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -236,13 +235,9 @@ std::string plain_name(std::string text)
 // The text before the first case describes the file.
 std::vector<Case> read_all()
 {
-    std::set<std::filesystem::path> files;
-    for (const auto &entry : std::filesystem::directory_iterator(QUARL_SOURCE_DIR "/tests/cases"))
-        if (entry.path().extension() == ".txt")
-            files.insert(entry.path());
     std::vector<Case> all;
-    for (const std::filesystem::path &file : files) {
-        Reader reader = {file.string(), harness::split_lines(harness::read_file(file.string()))};
+    for (const std::string &file : harness::list_files(QUARL_SOURCE_DIR "/tests/cases", ".txt")) {
+        Reader reader = {file, harness::split_lines(harness::read_file(file))};
         for (take_text(reader); reader.at < reader.lines.size();)
             all.push_back(take_case(reader));
     }

@@ -1,5 +1,6 @@
 #include "harness/harness.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -74,6 +75,16 @@ std::string read_file(const std::string &path)
 bool file_exists(const std::string &path)
 {
     return std::filesystem::exists(path);
+}
+
+std::vector<std::string> list_files(const std::string &directory, std::string_view extension)
+{
+    std::vector<std::string> paths;
+    for (const auto &entry : std::filesystem::directory_iterator(directory))
+        if (entry.path().extension() == extension)
+            paths.push_back(entry.path().string());
+    std::sort(paths.begin(), paths.end());
+    return paths;
 }
 
 std::vector<std::string> split_lines(std::string_view text)

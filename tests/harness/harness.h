@@ -28,6 +28,9 @@ std::string read_file(const std::string &path);
 
 bool file_exists(const std::string &path);
 
+// The paths of the files in a directory whose names end in `extension`, in order.
+std::vector<std::string> list_files(const std::string &directory, std::string_view extension);
+
 // Splits after each newline, and drops the newlines. A last line needs none.
 std::vector<std::string> split_lines(std::string_view text);
 

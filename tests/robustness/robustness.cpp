@@ -3,11 +3,9 @@
 // All are made from fixed seeds, so that a run that fails can be repeated.
 #include "harness/harness.h"
 
-#include <filesystem>
 #include <gtest/gtest.h>
 #include <iterator>
 #include <random>
-#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -57,13 +55,9 @@ void survive_all(const std::vector<Input> &inputs)
 // The modules to damage: what a real front end wrote.
 std::vector<Input> modules()
 {
-    std::set<std::filesystem::path> files;
-    for (const auto &entry : std::filesystem::directory_iterator(QUARL_SOURCE_DIR "/examples"))
-        if (entry.path().extension() == ".ll")
-            files.insert(entry.path());
     std::vector<Input> found;
-    for (const std::filesystem::path &file : files)
-        found.push_back({file.filename().string(), harness::read_file(file.string())});
+    for (const std::string &file : harness::list_files(QUARL_SOURCE_DIR "/examples", ".ll"))
+        found.push_back({file, harness::read_file(file)});
     return found;
 }
 
