@@ -288,31 +288,13 @@ void handlefor(WalkState &state)
 
 // ---- switch -----------------------------------------------------------------------------------------------------
 
-namespace {
-
-// The first block after the current one with the label, or null.
-Block *laterblock(const WalkState &state, const Name *label)
-{
-    const LocalName *local = label ? findlocal(label) : nullptr;
-    if (!local)
-        return nullptr;
-    const auto &blocks = local->blocks;
-    auto at = std::partition_point(blocks.begin(), blocks.end(),
-                                   [&state](const Block *block) { return block->position <= state.block->position; });
-    while (at != blocks.end() && ((*at)->label != label || (*at)->removed))
-        ++at;
-    return at == blocks.end() ? nullptr : *at;
-}
-
-}  // namespace
-
 // Each case becomes an Inst at the front of its target block.
 void handleswitch(WalkState &state)
 {
     outhead("switch (", state.inst->expr, ")\n");
     openbrace();
     for (Expr *value = state.inst->cases; value; value = value->next) {
-        Block *target = laterblock(state, value->label);
+        Block *target = blockfrom(state.block->position + 1, value->label);
         if (!target)
             continue;
         Inst *label = newinst();

@@ -56,6 +56,8 @@ extern int indent_depth;  // of the line being written; starts at 1 for each fun
 
 // Writes the body of a function from its first block on; null writes nothing.
 void outbody(Block *first);
+// The first block with the label whose position is at least `position`, or null.
+Block *blockfrom(std::uint32_t position, const Name *label);
 // The first block from `start` on with the label; reports "block not found %s\n" and returns `start` if there is none.
 Block *findblock(Block *start, const Name *label);
 // Removes the blocks of exception handling after `first`.

@@ -69,17 +69,23 @@ void indexblocks(WalkState &state)
 
 }  // namespace
 
+Block *blockfrom(std::uint32_t position, const Name *label)
+{
+    const LocalName *local = label ? findlocal(label) : nullptr;
+    if (!local)
+        return nullptr;
+    const auto &blocks = local->blocks;
+    auto at = std::partition_point(blocks.begin(), blocks.end(),
+                                   [position](const Block *block) { return block->position < position; });
+    while (at != blocks.end() && ((*at)->label != label || (*at)->removed))
+        ++at;
+    return at == blocks.end() ? nullptr : *at;
+}
+
 Block *findblock(Block *start, const Name *label)
 {
-    if (const LocalName *local = label ? findlocal(label) : nullptr) {
-        const auto &blocks = local->blocks;
-        auto found = std::partition_point(blocks.begin(), blocks.end(),
-                                          [start](const Block *block) { return block->position < start->position; });
-        while (found != blocks.end() && ((*found)->label != label || (*found)->removed))
-            ++found;
-        if (found != blocks.end())
-            return *found;
-    }
+    if (Block *block = blockfrom(start->position, label))
+        return block;
     report("block not found %s\n", label ? label->text : nullptr);
     return start;
 }
