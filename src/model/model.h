@@ -405,6 +405,8 @@ Meta *newmeta();
 // Frees an expression that was just made and that nothing refers to: the address-of that a load or store strips, the
 // leaf of an operand that was replaced by its definition. If it is not the newest record any more, it stays.
 void dropexpr(const Expr *expr);
+// The same for a type.
+void droptype(const Type *type);
 
 // A number leaf of the type int with the given text.
 Expr *newnumber(std::string_view text);

@@ -127,6 +127,11 @@ void dropexpr(const Expr *expr)
     recordundo(expr, sizeof *expr);
 }
 
+void droptype(const Type *type)
+{
+    recordundo(type, sizeof *type);
+}
+
 Block *newblock()
 {
     return newrecord<Block>();

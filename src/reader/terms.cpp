@@ -218,21 +218,33 @@ Expr *unlinked(Expr *element, const List<Expr> &elements)
     return copy;
 }
 
-// One element for each member: type value { "," type value } "}"
+// Reads an element that the line has ended before, for its reports alone: a type can have far more members than the
+// line has characters, so nothing is kept.
+void readmissing()
+{
+    const Expr *element = readterm(nullptr, nullptr);
+    const Type *type = element->type;
+    dropexpr(element);
+    droptype(type);
+}
+
+// One element for each member, also if the line ends early: type value { "," type value } "}"
 Expr *readaggregateconstant(Expr *node, Block *block)
 {
     node->leaf = leaf::aggregate;
     List<Expr> elements{};
     for (const Symbol *member = node->type->members; member; member = member->next) {
-        Expr *element = unlinked(readterm(nullptr, block), elements);
-        append(elements, element);
-        note_initref(element);
+        if (atend()) {
+            readmissing();
+        } else {
+            Expr *element = unlinked(readterm(nullptr, block), elements);
+            append(elements, element);
+            note_initref(element);
+        }
         Token t;
         gettoken(t);
         if (t.code != (member->next ? token::comma : token::right_brace))
             report("invalid cstr token %.*s", tokentext(t));
-        if (t.code == token::end_of_line)
-            break;
     }
     node->list = elements.head;
     return node;
