@@ -86,6 +86,15 @@ inline void recordundo(const void *record, std::size_t size)
 // A copy of `text` with a terminating NUL that lives until the process ends.
 const char *keeptext(std::string_view text);
 
+// ---- Interrupts (interrupt.cpp) ---------------------------------------------------------------------------------
+
+// From here on an interrupt ends the run where it next looks for one, and a second interrupt ends it at once.
+void installinterrupthandler();
+
+// If there was an interrupt: closes the output and ends the process through its normal exit, which writes what stands
+// in buffers. The status is status::interrupted.
+void leaveifinterrupted();
+
 // ---- Output (output.cpp) ----------------------------------------------------------------------------------------
 
 // Creates the file `name` and makes it the output. Returns false if that fails; nothing is reported.

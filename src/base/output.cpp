@@ -15,9 +15,10 @@ std::array<char, buffer_size> buffer;  // what is not yet written
 std::size_t filled;                    // bytes in it
 bool write_failed;                     // something was lost
 
+// After a failure nothing more is written: what follows would leave a gap.
 void writeout(const char *text, std::size_t length)
 {
-    if (out && std::fwrite(text, 1, length, out) != length)
+    if (out && !write_failed && std::fwrite(text, 1, length, out) != length)
         write_failed = true;
 }
 
@@ -34,8 +35,10 @@ int verbose;
 bool createoutput(const char *name)
 {
     out = std::fopen(name, "w");
-    if (!out)
+    if (!out) {
+        leaveifinterrupted();
         return false;
+    }
     std::setvbuf(out, nullptr, _IONBF, 0);
     return true;
 }

@@ -45,6 +45,7 @@ void refill()
     const std::size_t got = std::fread(window.data() + window_end, 1, window.size() - 1 - window_end, in);
     window_end += got;
     in_ended = got == 0;
+    leaveifinterrupted();
 }
 
 void closeinput()
@@ -64,6 +65,8 @@ bool openinput(const char *name)
     if (std::filesystem::is_directory(name, error))
         return false;
     in = std::fopen(name, "r");
+    if (!in)
+        leaveifinterrupted();
     window.resize(block_size + 1);
     return in != nullptr;
 }
@@ -72,6 +75,7 @@ const char *nextline()
 {
     if (!in)
         return nullptr;
+    leaveifinterrupted();
     window[window_next] = held;  // undo the terminator of the line before
     while (!in_ended && window_end - window_next < longest_line)
         refill();

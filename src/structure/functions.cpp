@@ -146,10 +146,14 @@ void outfunctions()
     outprogress("output functions\n");
     if (functions.head)
         outtext("/*\tfunctions definitions\n */\n");
-    for (const bool inline_pass : {true, false})
-        for (const Symbol *function = functions.head; function; function = function->next)
-            if (isinline(function) == inline_pass)
-                outfunction(function);
+    for (const bool inline_pass : {true, false}) {
+        for (const Symbol *function = functions.head; function; function = function->next) {
+            if (isinline(function) != inline_pass)
+                continue;
+            outfunction(function);
+            leaveifinterrupted();
+        }
+    }
 }
 
 // ---- Exception blocks -------------------------------------------------------------------------------------------

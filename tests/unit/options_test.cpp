@@ -161,4 +161,20 @@ TEST_F(Options, an_interrupt_ends_with_status_2)
     EXPECT_FALSE(exists("a.c"));
 }
 
+// The pipe holds 64 KB, so quarl is within its functions when the first bytes have come out.
+TEST_F(Options, an_interrupt_keeps_the_log_and_the_output_so_far)
+{
+    std::string text;
+    for (int i = 0; i < 20000; i++)
+        text += "define void @f" + std::to_string(i) + "() {\n  ret void\n}\n";
+    harness::write_file(directory + "/long.ll", text);
+    const std::string script = "mkfifo pipe; \"$0\" -ivo pipe long.ll & exec 3<pipe; head -c 1000 <&3 >part; "
+                               "kill -INT $!; cat <&3 >>part; wait $!";
+    const harness::Result result = run({"-c", script, harness::quarl_binary(QUARL_BINARY)}, "/bin/sh");
+    EXPECT_EQ(result.status, 2) << harness::describe(result);
+    EXPECT_EQ(result.out, "output includes\noutput aggregates\noutput aliases\noutput externs\noutput variables\n"
+                          "output functions\n");
+    EXPECT_TRUE(holds("part", "f2(void)") && !holds("part", "f19999(void)"));
+}
+
 }  // namespace
