@@ -133,7 +133,7 @@ Merge runpasses(Block *start, Block *end)
         Block *a = left.back();
         Block *c = right.back();
         if (c == end && !c->label)
-            return Merge::done;
+            return a == start ? Merge::done : Merge::failed;
         if (!branchpair(a->last) || !branchpair(c->last))
             return Merge::missing_pair;
         if (!mergepair(a->last, c->last)) {
