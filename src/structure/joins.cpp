@@ -112,13 +112,12 @@ Block *nextlive(const Block *block, Block *end)
     return next;
 }
 
-enum class Merge { done, failed, missing_pair };
-
 // All passes over the chain. Each merges the first neighbours from the left that fit; a pair that doesn't fit is worth
 // another try only when one of the two has changed. So a pass starts where the one before has merged, one neighbour
 // back: `left` holds the blocks before that place, `right` those after it that were tried already, the nearest last;
-// `frontier` is the last block that was tried.
-Merge runpasses(Block *start, Block *end)
+// `frontier` is the last block that was tried. Returns false if a condition is left over: no neighbour of it fits, or
+// one has no pair.
+bool runpasses(Block *start, Block *end)
 {
     std::vector<Block *> left{start};
     std::vector<Block *> right;
@@ -126,16 +125,16 @@ Merge runpasses(Block *start, Block *end)
     for (;;) {
         if (right.empty()) {
             if (frontier == end)
-                return left.size() > 1 ? Merge::failed : Merge::done;
+                return false;
             right.push_back(nextlive(frontier, end));
             frontier = right.back();
         }
         Block *a = left.back();
         Block *c = right.back();
         if (c == end && !c->label)
-            return a == start ? Merge::done : Merge::failed;
+            return a == start;
         if (!branchpair(a->last) || !branchpair(c->last))
-            return Merge::missing_pair;
+            return false;
         if (!mergepair(a->last, c->last)) {
             left.push_back(c);
             right.pop_back();
@@ -161,16 +160,8 @@ void mergeconds(Block *start, Block *end)
     }
     if (start == end)
         return;
-    switch (runpasses(start, end)) {
-    case Merge::missing_pair:
+    if (!runpasses(start, end))
         reportunmerged(start);
-        return;
-    case Merge::failed:
-        reportunmerged(start);
-        break;
-    case Merge::done:
-        break;
-    }
     if (end->last && start->last)
         end->last->expr = start->last->expr;
 }
