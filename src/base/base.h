@@ -41,7 +41,7 @@ void installmemoryhandler();
 // owns the block and need not test the result.
 void *alloc(std::size_t size, void *link);
 
-// Gives back a block of alloc() and returns `value`, so that a caller can unlink and free in one expression.
+// Frees a block of alloc() and returns `value`, so that a caller can unlink and free in one expression.
 void *release(void *block, void *value);
 
 // Returns a cleared block of `size` bytes that lives until the process ends. Blocks are cut from large chunks.

@@ -123,7 +123,7 @@ std::uint8_t aggregatekind(const Token &t)
     return 0;
 }
 
-// A composite or a member: word "(" tag, name, scope in this order; any other line is left empty.
+// A composite or a member has word "(" tag, name, scope, in this order; other lines get no definition.
 void scandefinition(MetaLine &line)
 {
     Token t;

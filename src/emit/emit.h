@@ -55,7 +55,7 @@ extern bool in_initialiser;  // the initialiser of a variable is being written
 // The value of a call of a math function with a constant argument; empty if the call can't be folded. Valid until the
 // next call.
 std::string_view foldmath(const Expr *callee, const Expr *args);
-// Decides how the output gets at malloc and free.
+// Decides how malloc and free are declared in the output.
 void needstdlib();
 
 // ---- Sections (sections.cpp) ------------------------------------------------------------------------------------

@@ -1,5 +1,5 @@
 // The expression printer. Trees grow from line to line of the input, so it keeps its own stack: a form pushes the
-// pieces of its text in order, and the loop takes them off one by one. Whether an operand gets parentheses is decided
+// pieces of its text in order, and the loop pops them one by one. Whether an operand gets parentheses is decided
 // when its turn comes, since what was printed before may have rewritten it.
 //
 //     a + (b * c)      +  pushes  a, " + ", (b * c);  a prints;  " + " prints;  *  pushes  "(", b, " * ", c, ")"
@@ -231,7 +231,7 @@ std::string_view widener(const Expr *operand)
     return isunsignedoperand(operand) ? "_llsetu_" : "_llsets_";
 }
 
-// An operand of a helper goes by its address; one that is narrower is widened first.
+// An operand of a helper is passed by its address; a narrower one is widened first.
 void pushllarg(Expr *expr)
 {
     push("&");
@@ -700,7 +700,7 @@ constexpr std::array<Form, 256> forms = makeforms();
 constexpr unsigned has_left = 0x60;
 constexpr unsigned has_right = 0x40;
 
-// Takes the cast off a char that was widened to int.
+// Removes the cast of a char to int.
 void narrow(Ref<Expr> &operand)
 {
     if (!isop(operand, op::cast) || !iskind(operand->type, kind::int16))

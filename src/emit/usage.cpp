@@ -42,7 +42,7 @@ void renamefirst(SymbolsByName &symbols, const Name *from, Name *to)
     symbols[to].insert(std::move(renamed));
 }
 
-// Makes the look-up of a list by name agree with the names that its symbols have now.
+// Updates the look-up of a list by name after its symbols were renamed.
 void refreshfirst(const SymbolsByName &symbols, Ref<Symbol> Name::*first)
 {
     for (const auto &[name, entries] : symbols)
@@ -69,7 +69,7 @@ void countuse(const Name *name)
         ++name->prototype->uses;
 }
 
-// The function's address is stored somewhere.
+// Notes that the function's address is stored somewhere.
 void markaddressed(const Name *name)
 {
     if (name->function)
@@ -98,10 +98,8 @@ void markinitrefs()
 
 namespace {
 
-// Sets of numbers.
-
-// A set of numbers below a limit that finds the next one: bits, and above each level a bit for every word of it that
-// isn't empty.
+// A set of numbers below a limit, as a bitmap with summary levels: each level has a bit for every word of the level
+// below that isn't 0, which makes the search for the next number fast.
 struct NumberSet {
     std::vector<std::vector<std::uint64_t>> levels;
 };
@@ -168,10 +166,9 @@ using VariableId = std::uint32_t;  // place in `variables`
 
 struct Variable {
     Symbol *symbol;
-    EventId event;  // the events of its references follow
-    std::uint32_t
-        first_reference;  // to it, as a place in Reachability::references; they end at that of the next variable
-    bool live;            // as decided at its last visit
+    EventId event;                  // the events of its references follow
+    std::uint32_t first_reference;  // to it: place in Reachability::references, where those of one variable adjoin
+    bool live;                      // as decided at its last visit
 };
 
 // The event of a variable has no leaf.
@@ -183,8 +180,8 @@ struct Event {
     bool released;        // the reference has taken its use back
 };
 
-// References can change the count of their target: what belongs to live variables raises it from 0, what belongs to
-// dead ones takes a use back. Only the first of them in the order of a pass has an effect when the count crosses 0, so
+// References can change the count of their target: one of a live variable raises it from 0, one of a dead variable
+// takes a use back. Only the first of them in the order of a pass has an effect when the count crosses 0, so
 // that is the one to be visited.
 struct Reachability {
     std::vector<Variable> variables;  // and an end

@@ -41,8 +41,8 @@ void insertbyorder(ShortList<Inst> &insts, Inst *instruction)
     insts.insert(static_cast<std::size_t>(place - insts.begin()), instruction);
 }
 
-// The first entry from `place` on that is still a statement; the end of the list if there is none. An entry that is
-// none any more is skipped from then on.
+// The first entry from `place` on that is still a statement; the end of the list if there is none. One that is none
+// any more is skipped from then on.
 std::uint32_t livefrom(std::uint32_t place)
 {
     std::uint32_t root = place;

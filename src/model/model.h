@@ -23,7 +23,7 @@ struct Type;
 // ---- Options ----------------------------------------------------------------------------------------------------
 // Whole-number flags, 0 unless the command line sets them.
 
-inline int no_header;    // -h: memory intrinsics stay declared, no string.h and no stdlib.h
+inline int no_header;    // -h: declarations in place of string.h and stdlib.h
 inline int no_inline;    // -i: no inline ordering, no @inline
 inline int long_long;    // -ll: 64-bit integers become a struct type and helper calls
 inline int no_math;      // -mc: calls of math functions are not folded
@@ -173,7 +173,7 @@ inline constexpr std::uint8_t value = 0;
 inline constexpr std::uint8_t phi = 2;
 inline constexpr std::uint8_t loop_close = 3;   // closing branch of a `for` built from a phi
 inline constexpr std::uint8_t cond_branch = 9;  // first target begins "cond."
-inline constexpr std::uint8_t absorbed = 14;    // a store that went into an expression: prints nothing
+inline constexpr std::uint8_t absorbed = 14;    // a store that is part of an expression: prints nothing
 inline constexpr std::uint8_t statement = 95;
 inline constexpr std::uint8_t local = 128;    // alloca, or the declaration of a temporary
 inline constexpr std::uint8_t nothing = 129;  // landingpad, resume, unreachable
@@ -284,8 +284,8 @@ struct Name {
     bool initref;              // in `initrefs`
 };
 
-// One node of a type expression. Nodes are not shared, but for the one node of each named aggregate: the reader
-// changes the kind of a scalar in place, which reaches all expressions that hold the node.
+// One node of a type expression. Nodes are not shared, except the one node of each named aggregate. The reader changes
+// the kind of a scalar in place, which affects all expressions that refer to the node.
 struct Type {
     Ref<Type> sub;  // pointee, element type or return type
     std::uint8_t kind;
@@ -356,7 +356,7 @@ struct Block {
     Ref<Block> next;
     Ref<Inst> first;         // null while empty
     Ref<Inst> last;          // while the block is empty, the last Inst of the block before
-    Ref<Name> label;         // null once its condition went into another block
+    Ref<Name> label;         // null once its condition was merged into another block's
     std::uint32_t position;  // in the function, set when the body is written
     std::uint8_t mark;
     bool removed;  // unlinked from the function
@@ -469,7 +469,7 @@ void note_call(Name *name);
 // Returns `current_calls` and empties it.
 Symbol *takecalls();
 void add_include(const char *header);
-// Enters the global at the end of an address chain into `initrefs`. A null expression is passed over.
+// Enters the global at the end of an address chain into `initrefs`. A null expression is ignored.
 void note_initref(const Expr *expr);
 // The name leaf at the end of a chain of address-of, casts, additions and indexes, or null.
 Expr *addressedleaf(Expr *expr);
@@ -495,7 +495,7 @@ void removesymbol(List<Symbol> &list, Symbol *symbol);
 bool equaltype(const Type *a, const Type *b);
 // Whether both are the same scalar.
 bool samescalar(const Type *a, const Type *b);
-// Enters a literal aggregate that has got its tag; finds the newest entry of the shape of `type`, or null.
+// Enters a literal aggregate that was given its tag; finds the newest entry of the shape of `type`, or null.
 void addanon(const Type *type);
 const Type *findanon(const Type *type);
 // To be called after the kind of a type was changed while the output is written.
@@ -519,7 +519,7 @@ struct MathFunction {
 };
 // The row of a math function, or null.
 MathFunction *findmath(std::string_view name);
-// Marks a math function as declared; any other name is passed over.
+// Marks a math function as declared; any other name is ignored.
 void markmath(const Name *name);
 
 // ---- Expression tests (lists.cpp) -------------------------------------------------------------------------------
@@ -580,7 +580,7 @@ bool sameoperand(const Expr *a, const Expr *b);
 
 // ---- Locals and temporaries (locals.cpp, temporaries.cpp) --------------------------------------------------------
 
-// A list with room for one entry in place: most names stand for one thing of a kind. A list keeps its
+// A list with room for one entry in place, which is enough for most names. A list keeps its
 // memory when it is cleared, so clearing and filling it again costs none.
 template <class Record>
 struct ShortList {
@@ -627,7 +627,7 @@ struct LocalName {
 
 // Starts the index of a function, empty; the index of the function before is gone.
 void beginlocals();
-// The entry of `name` in the current index, made if need be; findlocal() gives null instead.
+// The entry of `name` in the current index; makes it if there is none, where findlocal() returns null.
 LocalName &localname(Name *name);
 LocalName *findlocal(const Name *name);
 // Enters an Inst that was appended to the chain, and sets its order.

@@ -9,7 +9,7 @@
 //     j = i++;
 //
 // There is no data-flow analysis. Substitution relies on the shape of unoptimised code, in which every value has one
-// use, except for the cases below. A tree is shared by its definition and its uses: what changes a node reaches all of
+// use, except for the cases below. A tree is shared by its definition and its uses: a change of a node affects all of
 // them.
 
 #include "model/locals.h"
@@ -78,7 +78,7 @@ void linkbefore(Block *block, Inst *first, const Inst *definition)
 
 // Moves the value of `definition` to a variable:
 //     declaration of _tempN_, _tempN_ = tree, definition
-// The node of the tree turns into the name, which reaches all uses read so far; a copy of it is what is assigned.
+// The node of the tree becomes the name, also in all uses read so far; a copy of the node is assigned.
 Expr *movetotemporary(Inst *definition)
 {
     Expr *tree = definition->expr;
@@ -120,7 +120,7 @@ Expr *movetotemporary(Inst *definition)
     return tree;
 }
 
-// The direction of a pointer step, from its own tree. What is no step is reported.
+// The direction of a pointer step, by its tree. Any other tree is reported.
 std::uint8_t stepdirection(const Expr *step)
 {
     while (isop(step, op::cast) || isop(step, op::address))
@@ -205,7 +205,7 @@ Expr *foldstore(Inst *store)
     return store->expr;
 }
 
-// A name that no Inst defines: a parameter, or the address of something outside.
+// A name that no Inst defines: a parameter, or the address of a thing outside the function.
 Expr *undefinedlocal(Expr *operand)
 {
     if (isnumbered(operand->value)) {

@@ -7,7 +7,7 @@
 
 namespace {
 
-// The label of a block that the input doesn't label; no branch can refer to it.
+// The label of an entry block without one in the input; no branch can refer to it.
 Name *entrylabel()
 {
     static Name *const label = privatename("_entry_");

@@ -217,7 +217,7 @@ Inst *readconversion(Inst *instruction, Block *block, const InstForm &form)
     return instruction;
 }
 
-// type value "to" type; a byte cut to a bool stays as it is.
+// type value "to" type; a byte truncated to a bool stays as it is.
 Inst *readtruncation(Inst *instruction, Block *block, const InstForm &form)
 {
     Type *source = readtype();

@@ -41,7 +41,7 @@ void ungettoken(const Token &t);
 // Points the cursor at NUL-terminated text.
 void setcursor(const char *text);
 
-// Switches the report of strings without an end off or on. Returns whether one was met since the last call.
+// Switches the report of strings without an end off or on. Returns whether one was found since the last call.
 bool scanquietly(bool on);
 
 // Turns a string token into a name token without the quotes.
@@ -115,7 +115,7 @@ Expr *readterm(Type *type, Block *block);
 // The right-hand side of `%name = ...`; `name` is null where only the tree is wanted.
 Inst *readinst(Name *name, Block *block);
 Inst *readstore(Block *block);
-// A cast of `operand` whose type record gets the other signedness, for all nodes that hold it.
+// A cast of `operand` to its own type record, which gets the other signedness, also in all other nodes that have it.
 Expr *forcesign(Expr *operand);
 
 // ---- Calls (calls.cpp) ------------------------------------------------------------------------------------------

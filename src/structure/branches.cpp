@@ -43,7 +43,7 @@ bool isbodylabel(const Block *block)
            labelbegins(block, labels::for_body);
 }
 
-// A body opens its brace, or is the empty statement of a loop on itself.
+// The start of a body: its brace, or the empty statement of a loop whose body is empty.
 void openbody(WalkState &state)
 {
     if (state.block->label->text[0] == 'w' && !state.whilehead)
@@ -502,7 +502,7 @@ void handlejump(WalkState &state)
     if (state.joinstate != join::none) {
         handlejoinjump(state);
     } else if (!target) {
-        // Prepared as the branch of a chain that is over.
+        // It was prepared as the branch of a chain, which has ended.
     } else if (leavesloop(target)) {
         outbreak(state, target);
     } else if (iscontinue(next, target)) {

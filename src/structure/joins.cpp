@@ -264,7 +264,7 @@ bool isfalse(const Expr *value)
 }
 
 // A block that gives the phi the constant false must have the false target of the end block, one that gives it true
-// the true target: the end block takes over the target of the first such block, the others take that of the end block.
+// the true target: the first such block gives its target to the end block, the others take theirs from there.
 void phitarget(const Block *end, Block *start, const Expr *value)
 {
     const Block *block = findblock(start, value->label);
@@ -388,8 +388,7 @@ void philoop(WalkState &state, Expr *tree)
 void handlephi(WalkState &state)
 {
     Expr *tree = state.inst->expr;
-    // The phi's tree is gone if an empty block after it was prepared for another phi: the tree is that block's
-    // condition.
+    // The phi can be the last Inst of an empty block after it; preparing that for another phi has overwritten the tree.
     if (!tree)
         report("unexpected direct phi construct %s", state.block->label ? state.block->label->text : nullptr);
     else if (state.joinstate == join::none)

@@ -63,7 +63,7 @@ Block *findblock(Block *start, const Name *label);
 // Removes the blocks of exception handling after `first`.
 void stripexceptions(Block *first);
 
-// Lines of the output. The depth counts tabs; out() is one whole line.
+// Lines of the output, indented by indent_depth tabs; outline() writes a whole line.
 void outindent();
 void outline(std::string_view text);
 void openbrace();             // depth up, then the line "{"
