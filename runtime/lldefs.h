@@ -3,7 +3,7 @@
  *
  * The output passes operands by their address, also those without a name, as in _lladd_(&_llneg_(&a), &(_lglg_){0,1}),
  * and it writes both _llsets_(x) and _llsets_{x}. C++ (from C++11) takes all of that: operator& gives the address of a
- * value that lives until the end of its full expression. GNU C and C99 take everything but the braces behind _llsets_
+ * value that lives until the end of its full expression. C (from C11) takes everything but the braces behind _llsets_
  * and _llsetu_, to which no C can give a meaning; there each result is made an object of its own.
  *
  * Nothing here is undefined: arithmetic wraps, a shift by 64 or more or by a negative count shifts all bits out, a
@@ -194,38 +194,86 @@ static inline uint64_t _ll_signs_(uint64_t bits, unsigned size)
     return (_ll_zeros_(bits, size) ^ top) - top;
 }
 
-#ifdef __cplusplus
-
-/* Towards zero. What is out of range becomes the nearest end of it, and what isn't a number becomes 0. */
-inline uint64_t _ll_truncated_(double x)
+/* A floating number, towards zero. One that is out of range becomes the nearest end of it, unsigned above and signed
+   below, and what isn't a number becomes 0. */
+static inline uint64_t _ll_truncated_(double x)
 {
     if (x >= 18446744073709551616.0) {
-        return ~static_cast<uint64_t>(0);
+        return ~(uint64_t)0;
     }
     if (x <= -9223372036854775808.0) {
-        return static_cast<uint64_t>(1) << 63;
+        return (uint64_t)1 << 63;
     }
-    return x >= 0 ? static_cast<uint64_t>(x) : x < 0 ? static_cast<uint64_t>(static_cast<int64_t>(x)) : 0;
+    return x >= 0 ? (uint64_t)x : x < 0 ? (uint64_t)(int64_t)x : 0;
 }
 
-struct _llsetu_ : _lglg_ {
+#ifdef __cplusplus
+
+template <bool Signed>
+struct _ll_set_ : _lglg_ {
     template <typename T>
-    explicit _llsetu_(T x) : _lglg_(_ll_value_(_ll_zeros_(static_cast<uint64_t>(x), sizeof(x))))
+    explicit _ll_set_(T x)
+        : _lglg_(_ll_value_(Signed ? _ll_signs_(static_cast<uint64_t>(x), sizeof(x))
+                                   : _ll_zeros_(static_cast<uint64_t>(x), sizeof(x))))
     {}
+    template <typename T>
+    explicit _ll_set_(T *x) : _lglg_(_ll_value_(reinterpret_cast<uintptr_t>(x)))
+    {}
+    explicit _ll_set_(float x) : _lglg_(_ll_value_(_ll_truncated_(static_cast<double>(x)))) {}
+    explicit _ll_set_(double x) : _lglg_(_ll_value_(_ll_truncated_(x))) {}
 };
 
-struct _llsets_ : _lglg_ {
-    template <typename T>
-    explicit _llsets_(T x) : _lglg_(_ll_value_(_ll_signs_(static_cast<uint64_t>(x), sizeof(x))))
-    {}
-    template <typename T>
-    explicit _llsets_(T *x) : _lglg_(_ll_value_(reinterpret_cast<uintptr_t>(x)))
-    {}
-    explicit _llsets_(float x) : _lglg_(_ll_value_(_ll_truncated_(static_cast<double>(x)))) {}
-    explicit _llsets_(double x) : _lglg_(_ll_value_(_ll_truncated_(x))) {}
-};
+typedef _ll_set_<false> _llsetu_;
+typedef _ll_set_<true> _llsets_;
 
 #else
+
+/* The conversions by type: of each integer type one that extends with zeros and one that extends the sign. */
+#define _LL_FROM_(name, type)                                                                                          \
+    static inline _lglg_ _llsetu_##name##_(type x)                                                                     \
+    {                                                                                                                  \
+        return _ll_value_(_ll_zeros_((uint64_t)x, (unsigned)sizeof(x)));                                               \
+    }                                                                                                                  \
+    static inline _lglg_ _llsets_##name##_(type x)                                                                     \
+    {                                                                                                                  \
+        return _ll_value_(_ll_signs_((uint64_t)x, (unsigned)sizeof(x)));                                               \
+    }
+
+_LL_FROM_(bool, _Bool)
+_LL_FROM_(char, char)
+_LL_FROM_(schar, signed char)
+_LL_FROM_(uchar, unsigned char)
+_LL_FROM_(short, short)
+_LL_FROM_(ushort, unsigned short)
+_LL_FROM_(int, int)
+_LL_FROM_(uint, unsigned)
+_LL_FROM_(long, long)
+_LL_FROM_(ulong, unsigned long)
+_LL_FROM_(llong, long long)
+_LL_FROM_(ullong, unsigned long long)
+
+static inline _lglg_ _ll_floating_(double x)
+{
+    return _ll_value_(_ll_truncated_(x));
+}
+
+static inline _lglg_ _ll_pointer_(const volatile void *x)
+{
+    return _ll_value_((uintptr_t)x);
+}
+
+/* clang-format off */
+#define _LL_SET_(set, ...) \
+    _Generic((__VA_ARGS__), \
+        _Bool: set##bool_, \
+        char: set##char_, signed char: set##schar_, unsigned char: set##uchar_, \
+        short: set##short_, unsigned short: set##ushort_, \
+        int: set##int_, unsigned: set##uint_, \
+        long: set##long_, unsigned long: set##ulong_, \
+        long long: set##llong_, unsigned long long: set##ullong_, \
+        float: _ll_floating_, double: _ll_floating_, \
+        default: _ll_pointer_)(__VA_ARGS__)
+/* clang-format on */
 
 /* A result as an object, so that it has an address: the one element of an array. The commas of
    an argument such as (_lglg_){0,1} are what all of these take any number of arguments for. */
@@ -248,8 +296,8 @@ struct _llsets_ : _lglg_ {
 #define _llcom_(...) _LL_OBJECT_(_llcom_(__VA_ARGS__))
 #define _llinc_(...) _LL_OBJECT_(_llinc_(__VA_ARGS__))
 #define _lldec_(...) _LL_OBJECT_(_lldec_(__VA_ARGS__))
-#define _llsetu_(x) _LL_OBJECT_(_ll_value_(_ll_zeros_((uint64_t)(x), sizeof(x))))
-#define _llsets_(x) _LL_OBJECT_(_ll_value_(_ll_signs_((uint64_t)(int64_t)(x), sizeof(x) < 8 ? sizeof(x) : 8)))
+#define _llsetu_(...) _LL_OBJECT_(_LL_SET_(_llsetu_, __VA_ARGS__))
+#define _llsets_(...) _LL_OBJECT_(_LL_SET_(_llsets_, __VA_ARGS__))
 
 #endif
 

@@ -37,18 +37,18 @@ void errortext(std::string_view text);
 // status 1. Call once, before anything allocates.
 void installmemoryhandler();
 
-// Returns a cleared block of at least `size` bytes (and at least one pointer) whose first word holds `link`. The block
-// is the caller's; nobody ever tests the result.
+// Returns a cleared block of at least `size` bytes (and at least one pointer) whose first word holds `link`. The caller
+// owns the block and need not test the result.
 void *alloc(std::size_t size, void *link);
 
-// Gives back a block of alloc() and returns `value`, so that a caller can unlink and free in one expression.
+// Frees a block of alloc() and returns `value`, so that a caller can unlink and free in one expression.
 void *release(void *block, void *value);
 
 // Returns a cleared block of `size` bytes that lives until the process ends. Blocks are cut from large chunks.
 void *poolalloc(std::size_t size);
 
-// The pool of records that can be referred to by their place, a number of 32 bits. Places start at 1 and chunks are
-// aligned to their size, so either can be worked out from the other.
+// The pool of records that can be referred to by their place, a number of 32 bits. Places start at 1, and chunks are
+// aligned to their size: a record's address and its place can each be computed from the other.
 namespace pool {
 inline constexpr unsigned unit = 4;  // records start at multiples of it
 inline constexpr unsigned chunk_bits = 16;
@@ -56,7 +56,7 @@ inline constexpr std::size_t chunk_units = std::size_t{1} << chunk_bits;
 inline constexpr std::size_t chunk_size = chunk_units * unit;
 extern char **chunks;  // all chunks, by number; the first word of a chunk holds its number
 extern char *next;     // first free byte of the newest chunk
-extern char *end;      // behind its last one
+extern char *end;      // end of the newest chunk
 void startchunk();     // makes a new one, with its number
 }  // namespace pool
 
@@ -65,7 +65,7 @@ void startchunk();     // makes a new one, with its number
 inline void *recordalloc(std::size_t size, std::size_t alignment)
 {
     const auto room = static_cast<std::size_t>(pool::end - pool::next);
-    // Chunks are aligned to more than any record, so what is left of one tells how its next byte is aligned.
+    // The end of a chunk is aligned for every record, so the room left gives the alignment of the next byte.
     std::size_t skipped = alignment > pool::unit ? room & (alignment - 1) : 0;
     if (size + skipped > room) {
         pool::startchunk();
@@ -76,7 +76,7 @@ inline void *recordalloc(std::size_t size, std::size_t alignment)
     return record;
 }
 
-// Takes the room of a record back if it was the last one to be given out.
+// Frees the room of a record if it is the newest one.
 inline void recordundo(const void *record, std::size_t size)
 {
     if (static_cast<const char *>(record) + size == pool::next)
@@ -85,6 +85,15 @@ inline void recordundo(const void *record, std::size_t size)
 
 // A copy of `text` with a terminating NUL that lives until the process ends.
 const char *keeptext(std::string_view text);
+
+// ---- Interrupts (interrupt.cpp) ---------------------------------------------------------------------------------
+
+// From here on an interrupt ends the run where it next looks for one, and a second interrupt ends it at once.
+void installinterrupthandler();
+
+// If there was an interrupt: closes the output and ends the process through its normal exit, which writes what stands
+// in buffers. The status is status::interrupted.
+void leaveifinterrupted();
 
 // ---- Output (output.cpp) ----------------------------------------------------------------------------------------
 

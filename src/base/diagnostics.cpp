@@ -36,7 +36,7 @@ std::string errorhead(const char *name)
     return line;
 }
 
-// Writes head and message. The conversion in `format` runs from the % to its letter and gives way to `argument`.
+// Writes head and message. `argument` replaces the conversion in `format`, which runs from the % to its letter.
 void reportwith(std::string_view format, std::string_view argument)
 {
     std::string line = errorhead(input_name);

@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t text_chunk_size = std::size_t{1} << 18;
 
 char *text_next;        // first free byte of the newest chunk of poolalloc()
-std::size_t text_left;  // free bytes behind it
+std::size_t text_left;  // free bytes from there on
 void *text_chunks;      // its chunks, newest first, chained by their first word
 
 std::size_t chunk_count;     // entries of pool::chunks in use
@@ -45,7 +45,7 @@ char **pool::chunks;
 char *pool::next;
 char *pool::end;
 
-// Starts a new chunk of records behind the word that holds its number.
+// The first word of a chunk holds its number; records follow.
 void pool::startchunk()
 {
     growchunktable();

@@ -1,4 +1,4 @@
-// The output stream: one large buffer in front of the file, so that a statement costs no call of the C library.
+// The output stream. It has one large buffer of its own, so that short texts cost no call of the C library.
 
 #include "base/base.h"
 
@@ -15,9 +15,10 @@ std::array<char, buffer_size> buffer;  // what is not yet written
 std::size_t filled;                    // bytes in it
 bool write_failed;                     // something was lost
 
+// After a failure nothing more is written: what follows would leave a gap.
 void writeout(const char *text, std::size_t length)
 {
-    if (out && std::fwrite(text, 1, length, out) != length)
+    if (out && !write_failed && std::fwrite(text, 1, length, out) != length)
         write_failed = true;
 }
 
@@ -34,8 +35,10 @@ int verbose;
 bool createoutput(const char *name)
 {
     out = std::fopen(name, "w");
-    if (!out)
+    if (!out) {
+        leaveifinterrupted();
         return false;
+    }
     std::setvbuf(out, nullptr, _IONBF, 0);
     return true;
 }

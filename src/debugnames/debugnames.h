@@ -2,5 +2,5 @@
 #pragma once
 
 // Gives the members of the aggregates the names that the metadata lines have for them. A line that doesn't fit is
-// passed over in silence.
+// ignored.
 void namefields();

@@ -4,11 +4,11 @@
 //     !5 = !DICompositeType(tag: DW_TAG_structure_type, name: "S", scope: !3, ...)
 //     !7 = !DIDerivedType(tag: DW_TAG_member, name: "a", scope: !5, ...)
 //
-// The composite's name with its scopes in front, `ns::S`, leads to the aggregate; its members take the names of the
-// member lines behind the composite's line that name it as their scope, by position alone.
+// The composite's name, qualified by its scopes as in `ns::S`, is the tag of the aggregate. The member lines after the
+// composite's line that have it as their scope name the members of the aggregate, by position alone.
 //
 // Every line is scanned once, and found through indexes from then on. A line with a string that doesn't end is
-// scanned again, aloud, each time that it is consulted: its fault is reported there and nowhere else.
+// scanned again each time that it is used, to report the fault there and nowhere else.
 
 #include "debugnames/debugnames.h"
 
@@ -22,19 +22,19 @@
 
 namespace {
 
-// A name with the scope that it stands in.
+// A name with its scope.
 struct ScopedName {
     Name *name;           // null without one
     std::uint32_t scope;  // number of the scope
     bool has_scope;
 };
 
-// What a metadata line says.
+// The contents of a metadata line.
 struct MetaLine {
     const Meta *meta;
     ScopedName definition;  // of a composite or a member
-    ScopedName as_scope;    // of the line as the scope of others, once it was asked for
-    const MetaLine *seen;   // the composite whose scope chain has passed here last
+    ScopedName as_scope;    // of the line as the scope of others, if scope_known
+    const MetaLine *seen;   // the composite whose scope chain had this line last
     std::uint8_t kind;      // kind of the aggregate that a composite defines, 0 for other lines
     bool composite : 1;     // opens with DICompositeType
     bool derived : 1;       // opens with DIDerivedType
@@ -48,7 +48,7 @@ struct MetaIndex {
     std::vector<MetaLine> lines;                                          // in the order of the file
     std::unordered_map<std::uint32_t, std::size_t> by_id;                 // the first line of a number
     std::unordered_map<std::uint32_t, std::vector<std::size_t>> members;  // member lines by scope
-    std::vector<std::size_t> loose_members;                               // member lines without a scope
+    std::vector<std::size_t> unscoped_members;                            // member lines without a scope
     std::vector<std::size_t> faulty_members;                              // lines that look like members and are faulty
     // The first aggregate of each kind and tag.
     std::unordered_map<const Name *, Symbol *> structures;
@@ -57,7 +57,7 @@ struct MetaIndex {
 
 // ---- Scanning a line --------------------------------------------------------------------------------------------
 
-// Scans from `text` for `key` and a colon; gives the value behind them, the number alone for a reference !12.
+// Scans from `text` for `key` and a colon; gives the value after them, the number alone for a reference !12.
 bool findkey(Token &value, const char *text, std::string_view key)
 {
     setcursor(text);
@@ -78,7 +78,7 @@ bool findkey(Token &value, const char *text, std::string_view key)
     }
 }
 
-// The same from the token behind the cursor on.
+// The same, from the next token on.
 bool findnextkey(Token &value, std::string_view key)
 {
     Token t;
@@ -123,7 +123,7 @@ std::uint8_t aggregatekind(const Token &t)
     return 0;
 }
 
-// A composite or a member: word "(" tag, name, scope in this order; any other line gets nothing.
+// A composite or a member has word "(" tag, name, scope, in this order; other lines get no definition.
 void scandefinition(MetaLine &line)
 {
     Token t;
@@ -161,15 +161,15 @@ MetaLine scanline(const Meta *meta)
     return line;
 }
 
-// Says what is wrong with a definition that is consulted.
+// Reports the faults of a definition that is used.
 void reportdefinition(MetaLine line)
 {
     if (line.faulty)
         scandefinition(line);
 }
 
-// The line as a scope; what is wrong with it is said each time.
-const ScopedName &consultscope(MetaLine &line)
+// The line as a scope; its faults are reported each time.
+const ScopedName &scopeof(MetaLine &line)
 {
     if (!line.scope_known) {
         line.scope_known = true;
@@ -194,7 +194,7 @@ void indexmembers(MetaIndex &index, std::size_t place)
     if (line.definition.has_scope)
         index.members[line.definition.scope].push_back(place);
     else
-        index.loose_members.push_back(place);
+        index.unscoped_members.push_back(place);
 }
 
 void indexaggregates(MetaIndex &index)
@@ -218,16 +218,16 @@ void buildindex(MetaIndex &index)
 
 // ---- Names ------------------------------------------------------------------------------------------------------
 
-// No aggregate's name is longer than the line that defines it.
+// An aggregate's name is no longer than the line that defines it.
 constexpr std::size_t longest_name = 8192;
 
-// The scope lines of a composite, outermost last, without a chain that comes back to a line it has passed.
+// The names of a composite and its scopes, outermost last. A chain that comes back to one of its lines ends there.
 struct ScopeChain {
-    std::vector<const Name *> names;  // of the composite and its scopes
+    std::vector<const Name *> names;  // the composite's first
     std::size_t length;               // of the qualified name
 };
 
-// The line that encloses `at`, if it has a name and was not passed on the way from `composite`.
+// The scope line of `at`, if it has a name and is not yet part of the chain of `composite`.
 MetaLine *enclosingscope(MetaIndex &index, const ScopedName &at, const MetaLine &composite)
 {
     if (!at.has_scope || at.scope == composite.meta->id)
@@ -236,7 +236,7 @@ MetaLine *enclosingscope(MetaIndex &index, const ScopedName &at, const MetaLine 
     if (entry == index.by_id.end())
         return nullptr;
     MetaLine &scope = index.lines[entry->second];
-    if (scope.seen == &composite || !consultscope(scope).name)
+    if (scope.seen == &composite || !scopeof(scope).name)
         return nullptr;
     scope.seen = &composite;
     return &scope;
@@ -255,7 +255,7 @@ ScopeChain scopechain(MetaIndex &index, const MetaLine &composite)
     return chain;
 }
 
-// The name of a composite with its scopes in front, outermost first; null if it is too long for any aggregate.
+// The name of a composite qualified by its scopes, outermost first; null if it is too long for any aggregate.
 const Name *qualifyname(MetaIndex &index, const MetaLine &composite)
 {
     const ScopeChain chain = scopechain(index, composite);
@@ -281,20 +281,21 @@ Symbol *findaggregate(MetaIndex &index, const MetaLine &composite)
 
 // ---- Members ----------------------------------------------------------------------------------------------------
 
-// Line numbers in the order of the file, from behind a composite on.
+// Line numbers in the order of the file, from after a composite on.
 struct LineRange {
     std::vector<std::size_t>::const_iterator next, end;
 };
 
-LineRange linesbehind(const std::vector<std::size_t> &lines, std::size_t place)
+LineRange linesafter(const std::vector<std::size_t> &lines, std::size_t place)
 {
     return {std::upper_bound(lines.begin(), lines.end(), place), lines.end()};
 }
 
-// The member lines of one composite: those of its scope and those without any, with the faulty ones on the way.
+// The member lines for one composite: those with it as their scope and those without a scope. Faulty lines before the
+// last one used are reported.
 struct MemberLines {
     LineRange own;
-    LineRange loose;
+    LineRange unscoped;
     LineRange faulty;
 };
 
@@ -302,8 +303,8 @@ MemberLines memberlines(const MetaIndex &index, std::size_t place)
 {
     static const std::vector<std::size_t> none;
     const auto own = index.members.find(index.lines[place].meta->id);
-    return {linesbehind(own == index.members.end() ? none : own->second, place),
-            linesbehind(index.loose_members, place), linesbehind(index.faulty_members, place)};
+    return {linesafter(own == index.members.end() ? none : own->second, place),
+            linesafter(index.unscoped_members, place), linesafter(index.faulty_members, place)};
 }
 
 // The next line of the composite, or null at the end of the file.
@@ -311,7 +312,7 @@ const MetaLine *nextmember(const MetaIndex &index, MemberLines &lines)
 {
     std::size_t place = index.lines.size();
     LineRange *source = nullptr;
-    for (LineRange *range : {&lines.own, &lines.loose}) {
+    for (LineRange *range : {&lines.own, &lines.unscoped}) {
         if (range->next != range->end && *range->next < place) {
             place = *range->next;
             source = range;

@@ -7,16 +7,7 @@
 #include "model/model.h"
 #include "reader/reader.h"
 
-#include <csignal>
-#include <cstdlib>
-
 namespace {
-
-// Only ends the process: nothing else is safe in the middle of whatever was interrupted.
-extern "C" void oninterrupt(int)
-{
-    std::_Exit(status::interrupted);
-}
 
 constexpr OptionPattern option_patterns[] = {
     {"h   no header", &no_header},
@@ -32,7 +23,7 @@ constexpr OptionPattern option_patterns[] = {
 
 int main(int argc, char **argv)
 {
-    std::signal(SIGINT, oninterrupt);
+    installinterrupthandler();
     installmemoryhandler();
     getoptions(argc, argv, "Quarl", "file", option_patterns);
     if (argc >= 2) {

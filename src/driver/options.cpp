@@ -22,7 +22,7 @@ namespace {
 constexpr const char *toolkit_text = "Norrith Toolkit";
 constexpr const char *platform_text = "Win32";
 
-[[noreturn]] void giveup(std::string_view first, std::string_view second, std::string_view third = {})
+[[noreturn]] void fail(std::string_view first, std::string_view second, std::string_view third = {})
 {
     errortext(first);
     errortext(second);
@@ -76,7 +76,7 @@ void banner(const char *title)
     errortext(date_text);
     errortext(" - ");
     errortext(platform_text);
-    giveup("-F\n", {});
+    fail("-F\n", {});
 }
 
 // ---- Matching one argument --------------------------------------------------------------------------------------
@@ -90,7 +90,7 @@ struct OptionValue {
 void storelist(OptionList &list, const OptionValue &value)
 {
     if (list.free_slots == 0)
-        giveup("argument list overflow\n", {});
+        fail("argument list overflow\n", {});
     --list.free_slots;
     list.slots[list.free_slots] = {value.number, value.text};
 }
@@ -128,7 +128,7 @@ const char *readnumbervalue(const char *text, long &number)
 {
     const char *end = parsenumber(text, number, 1);
     if (*end != '\0')
-        giveup("invalid number: ", std::string_view(text, static_cast<std::size_t>(end - text) + 1), "\n");
+        fail("invalid number: ", std::string_view(text, static_cast<std::size_t>(end - text) + 1), "\n");
     return end;
 }
 
@@ -163,7 +163,7 @@ const char *matchpattern(const OptionPattern &option, const char *argument, Opti
     return at;
 }
 
-// Matches as much of `argument` as the patterns cover. Returns the unmatched rest, empty when all is matched.
+// Matches as much of `argument` as the patterns cover. Returns the unmatched rest.
 const char *matchargument(const char *argument, std::span<const OptionPattern> patterns, int &argc, char **&argv)
 {
     while (*argument != '\0') {
@@ -244,7 +244,7 @@ void expandargument(const char *argument, std::vector<char *> &expanded)
 // What getoptions() does with one argument that may hold options.
 enum class Step { next, files };
 
-// Looks at the argument at *argv. Returns `files` when the options have ended there.
+// Handles the argument at *argv. Returns `files` when the options end there.
 Step takeargument(int &argc, char **&argv, const char *title, const char *file, std::span<const OptionPattern> patterns,
                   bool &seen, bool &stop)
 {
@@ -273,7 +273,7 @@ Step takeargument(int &argc, char **&argv, const char *title, const char *file, 
     }
     errortext(prog_name);
     errortext(": unknown option ");
-    giveup(*rest == '+' ? "" : "-", rest, "\n");
+    fail(*rest == '+' ? "" : "-", rest, "\n");
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ struct OptionPattern {
 // process with status 1.
 void getoptions(int &argc, char **&argv, const char *title, const char *file, std::span<const OptionPattern> patterns);
 
-// Derives prog_name from a path: the part behind the last slash or backslash up to the first dot, in lower case.
+// Derives prog_name from a path: the part after the last slash or backslash up to the first dot, in lower case.
 void setprogname(const char *path);
 
 // Replaces each argument with `*` or `?` by the names that it matches, in byte order, lower-cased.

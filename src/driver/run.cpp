@@ -24,12 +24,9 @@ const char *source_name;  // text of the source_filename line; null without one
 // source_filename = "name"
 int readsource()
 {
-    Token t;
-    gettoken(t);
-    if (t.code != token::assign) {
-        report("missing = in source definition");
+    if (!expect(token::assign, "missing = in source definition"))
         return 1;
-    }
+    Token t;
     gettoken(t);
     if (t.code != token::string) {
         report("missing string in source definition");
@@ -140,20 +137,25 @@ bool openoutput()
 
 // The stages, each run exactly once. The first five change only the model: all renaming and counting is over before
 // anything is printed. The others write the file section by section.
+constexpr void (*stages[])() = {
+    countprototypes,  // aliases renamed first: later stages look functions up by their final names
+    markreachable,    // every count= and every unused mark is final from here on
+    namefields,       // before the structures, which print the field names
+    markinitrefs,     // before any head: decides @inline
+    needstdlib,       // before the includes, to which it may add
+    outincludes,
+    outaggregates,  // bodies of anonymous aggregates print at their first mention, so this order is fixed
+    outaliases,      outexterns, outvariables,
+    orderinline,  // reorders the list that the last stage walks
+    outfunctions,
+};
+
 void runstages()
 {
-    countprototypes();  // aliases renamed first: later stages look functions up by their final names
-    markreachable();    // every count= and every unused mark is final from here on
-    namefields();       // before the structures, which print the field names
-    markinitrefs();     // before any head: decides @inline
-    needstdlib();       // before the includes, to which it may add
-    outincludes();
-    outaggregates();  // bodies of anonymous aggregates print at their first mention, so this order is fixed
-    outaliases();
-    outexterns();
-    outvariables();
-    orderinline();  // reorders the list that the last stage walks
-    outfunctions();
+    for (const auto stage : stages) {
+        stage();
+        leaveifinterrupted();
+    }
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// Types as C text. A declarator wraps around the declared name: a prefix walks down to the base type, then comes the
-// name, and a suffix walks down again and closes what the prefix opened.
+// Types as C text. A declarator encloses the declared name: outprefix() descends to the base type, then comes the name,
+// and outsuffix() descends again and closes what the prefix opened.
 //
 //     pointer to function returning long:   "long (*"  name  ")(int )"
 

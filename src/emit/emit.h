@@ -11,7 +11,7 @@
 
 // Writes one declarator; a null `name` writes the type alone. Kinds without a C name are reported.
 void outdecl(const Name *name, const Type *type);
-// The heads of functions that carry @inline, and @weak where `flags` say so.
+// The heads of functions with @inline, and with @weak if `flags` have it.
 void outinline(const Name *name, const Type *type);
 void outweak(const Name *name, std::uint32_t flags, const Type *type);
 // Writes the definition of an aggregate: on lines of its own with a `name`, which is quoted where the definition is
@@ -27,7 +27,7 @@ extern bool drop_param_names;  // parameters are written without their names
 // Writes an expression, in parentheses if `paren` is set and it is no leaf. Null writes nothing. A tree that prints
 // more than ten million nodes is reported as "expression too large", and no further expression is written.
 void outexpr(Expr *expr, bool paren);
-// Whether `text`, behind one sign, is "0.000000e+00".
+// Whether `text`, without a sign, is "0.000000e+00".
 bool iszerotext(std::string_view text);
 // The decimal form of a number given as the sixteen hexadecimal digits of a double.
 std::string_view hexfloattext(std::string_view text);
@@ -55,7 +55,7 @@ extern bool in_initialiser;  // the initialiser of a variable is being written
 // The value of a call of a math function with a constant argument; empty if the call can't be folded. Valid until the
 // next call.
 std::string_view foldmath(const Expr *callee, const Expr *args);
-// Decides how the output gets at malloc and free.
+// Decides how malloc and free are declared in the output.
 void needstdlib();
 
 // ---- Sections (sections.cpp) ------------------------------------------------------------------------------------

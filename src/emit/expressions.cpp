@@ -1,6 +1,6 @@
 // The expression printer. Trees grow from line to line of the input, so it keeps its own stack: a form pushes the
-// pieces of its text in order, and the loop takes them off one by one. Whether an operand gets parentheses is decided
-// when its turn comes, since the printing in front of it may have rewritten it.
+// pieces of its text in order, and the loop pops them one by one. Whether an operand gets parentheses is decided
+// when its turn comes, since what was printed before may have rewritten it.
 //
 //     a + (b * c)      +  pushes  a, " + ", (b * c);  a prints;  " + " prints;  *  pushes  "(", b, " * ", c, ")"
 //
@@ -29,7 +29,7 @@ enum class Paren : std::uint8_t {
     unless_logical,    // operand of && and ||: none for comparisons and !
     unless_selection,  // left side of a member: none for members and indexes
     unless_postfix,    // operand of a cast: none for what binds tighter
-    if_cast,           // pointer in front of ->
+    if_cast,           // pointer before ->
 };
 
 bool isstep(std::uint8_t code)
@@ -101,7 +101,7 @@ void push(Expr *expr, Paren paren)
     item.expr = expr;
 }
 
-// The text must outlive the printing: a literal or the text of a name.
+// The text must live until it is printed: a literal or the text of a name.
 void push(std::string_view text)
 {
     Item &item = stack.emplace_back();
@@ -117,7 +117,7 @@ void push(const Type *type)
     item.type = type;
 }
 
-// Pieces that depend on the tree as it is when what stands in front of them has been written.
+// Pieces that depend on the tree as it is when what comes before them has been written.
 void pushlate(void (*form)(Expr *), Expr *expr)
 {
     Item &item = stack.emplace_back();
@@ -153,7 +153,7 @@ void outnumberleaf(const Expr *expr)
 
 void outnameleaf(const Expr *expr)
 {
-    if (nametext(expr->value) == ".addr")
+    if (nametext(expr->value) == slot_suffix)
         outtext(nametext(unusedname(0)));
     else
         outtext(cname(nametext(expr->value)));
@@ -167,7 +167,7 @@ void outlocalleaf(const Expr *expr)
     report("unreplaced operand %s", nametext(expr->value));
 }
 
-// (type ){1,2}: members without an element are closed with a zero.
+// (type ){1,2}; a last 0 stands for all members without an element.
 void pushaggregate(const Expr *expr)
 {
     push("(");
@@ -231,7 +231,7 @@ std::string_view widener(const Expr *operand)
     return isunsignedoperand(operand) ? "_llsetu_" : "_llsets_";
 }
 
-// An operand of a helper goes by its address; one that is narrower is widened first.
+// An operand of a helper is passed by its address; a narrower one is widened first.
 void pushllarg(Expr *expr)
 {
     push("&");
@@ -245,7 +245,7 @@ void pushllarg(Expr *expr)
     push(")");
 }
 
-// name(&left, &right) behind what the caller has pushed of it
+// The rest of name(&left, &right); the caller has pushed the name and the parenthesis.
 void pushllargs(const Expr *expr)
 {
     pushllarg(expr->left);
@@ -465,7 +465,7 @@ void formaddress(Expr *expr)
     push(expr->left, Paren::never);
 }
 
-// !!x is x != 0, and the opposite of a comparison says its negation.
+// !!x is x != 0, and the negation of a comparison is its opposite.
 void formnot(Expr *expr)
 {
     Expr *operand = expr->left;
@@ -487,7 +487,7 @@ void formnot(Expr *expr)
 
 // ---- Casts ------------------------------------------------------------------------------------------------------
 
-// The operand of a cast behind inner casts that the outer one makes redundant.
+// The operand of a cast without the inner casts that the outer one makes redundant.
 Expr *castoperand(const Expr *expr)
 {
     Expr *operand = expr->left;
@@ -570,7 +570,7 @@ void formcall(Expr *expr)
     if (isleaf(expr->left, leaf::name)) {
         if (memoryheader(expr->left->value))
             rewritecall(expr);
-        if (nametext(expr->left->value) == "llvm.stackrestore")
+        if (nametext(expr->left->value) == intrinsics::stack_restore)
             need_flags |= need::frees;
     }
     push(expr->left, Paren::always);
@@ -700,7 +700,7 @@ constexpr std::array<Form, 256> forms = makeforms();
 constexpr unsigned has_left = 0x60;
 constexpr unsigned has_right = 0x40;
 
-// Takes the cast off a char that was widened to int.
+// Removes the cast of a char to int.
 void narrow(Ref<Expr> &operand)
 {
     if (!isop(operand, op::cast) || !iskind(operand->type, kind::int16))
@@ -755,7 +755,7 @@ void print(const Item &item)
         expand(item.expr, item.paren);
         break;
     }
-    // What was pushed stands in the order of the text; the first piece has to be the next one.
+    // The pieces were pushed in the order of the text; the first one has to be on top.
     std::reverse(stack.begin() + static_cast<std::ptrdiff_t>(mark), stack.end());
 }
 
@@ -792,9 +792,7 @@ std::string_view hexfloattext(std::string_view text)
     const auto word = [&text](std::size_t from) {
         std::uint64_t value = 0;
         for (const char c : text.substr(std::min(from, text.size()), half)) {
-            const auto u = static_cast<unsigned char>(c);
-            value = value * 16 +
-                    (isdigit(c) ? u - static_cast<unsigned>('0') : (u | 0x20U) - static_cast<unsigned>('a') + 10U);
+            value = value * 16 + hexvalue(c);
         }
         return value;
     };

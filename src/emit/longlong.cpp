@@ -1,5 +1,5 @@
-// The emulation of 64-bit integers: names, helpers and the two halves of a constant. The forms that use them stand
-// with the plain ones in expressions.cpp.
+// The emulation of 64-bit integers: names, helpers and the two halves of a constant. The forms that use them are
+// in expressions.cpp.
 
 #include "emit/emit.h"
 

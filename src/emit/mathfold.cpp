@@ -1,4 +1,4 @@
-// Calls of math functions with constant arguments give way to their values; and the decision on stdlib.h.
+// Calls of math functions with constant arguments are replaced by their values; and the decision on stdlib.h.
 
 #include "emit/emit.h"
 
@@ -69,7 +69,7 @@ std::string_view foldmath(const Expr *callee, const Expr *args)
         return {};
     const double result = compute(row->function, x);
     if (!std::isfinite(result))
-        return {};  // no constant of C says it
+        return {};  // C has no such constant
     if (result == 0)
         return "0.000000e+00";
     static std::array<char, 32> text;

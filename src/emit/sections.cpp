@@ -1,4 +1,4 @@
-// The sections of the output in front of the functions: includes, aliases, externs and variables.
+// The sections of the output before the functions: includes, aliases, externs and variables.
 
 #include "emit/emit.h"
 
@@ -114,7 +114,7 @@ bool isreadonlyinline(const Symbol *variable)
     return variable->qual == qual::const_ && (variable->flags & flag::linkonce_odr);
 }
 
-// Declares a variable that is defined behind all the others.
+// Declares a variable that is defined after all the others.
 void outforward(const Symbol *variable)
 {
     if (variable->flags & flag::appending)
@@ -130,36 +130,40 @@ void outforward(const Symbol *variable)
     outtext(";\n");
 }
 
+// The first node from `node` on that is no zero element.
+Expr *afterzeros(Expr *node)
+{
+    while (node && node->op == op::zero_element)
+        node = node->next;
+    return node;
+}
+
 bool closeslevel(const Expr *node)
 {
     return !node || node->op == op::close_brace;
 }
 
-// A zero element prints only where another one follows on its level.
-bool printselement(const Expr *node)
+// Prints the elements up to `end`, which are zero, and only if another element follows on their level.
+void outzeros(const Expr *node, const Expr *end)
 {
-    return node && node->op != op::close_brace && (node->op != op::zero_element || !closeslevel(node->next));
+    if (closeslevel(end))
+        return;
+    for (; node != end; node = node->next)
+        outtext("{0}, ");
 }
 
+// An element or a brace, with a comma if more is printed on its level.
 void outelement(Expr *node)
 {
-    switch (node->op) {
-    case op::open_brace:
+    if (node->op == op::open_brace) {
         outchar('{');
         return;
-    case op::close_brace:
-        outchar('}');
-        break;
-    case op::zero_element:
-        if (!printselement(node))
-            return;
-        outtext("{0}");
-        break;
-    default:
-        outexpr(node, false);
-        break;
     }
-    if (printselement(node->next))
+    if (node->op == op::close_brace)
+        outchar('}');
+    else
+        outexpr(node, false);
+    if (!closeslevel(afterzeros(node->next)))
         outtext(", ");
 }
 
@@ -168,8 +172,15 @@ void outinitialiser(const Symbol *variable)
     const bool braced = isaggregate(variable->type) || iskind(variable->type, kind::array);
     in_initialiser = true;
     outtext(braced ? " = {" : " = ");
-    for (Expr *node = variable->value; node; node = node->next)
-        outelement(node);
+    for (Expr *node = variable->value; node;) {
+        if (Expr *end = afterzeros(node); end != node) {
+            outzeros(node, end);
+            node = end;
+        } else {
+            outelement(node);
+            node = node->next;
+        }
+    }
     if (braced)
         outchar('}');
     in_initialiser = false;

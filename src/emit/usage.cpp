@@ -1,11 +1,11 @@
 // Usage analysis: which globals the output needs.
 //
-// Reachability is told in passes over the variables in list order, each of which looks at every reference of every
-// initialiser: a live variable raises the count of a target from 0 to 1, a dead one takes its use back, and a further
-// pass follows as long as one has taken something back. Most visits change nothing. So the passes are run here as
-// events: one for each variable (is it live now?) and one for each of its references, numbered in the order of a
-// pass. An event takes place only if something that it depends on has changed since its last visit, in the pass and at
-// the place where the full pass would come to it.
+// Reachability is defined by passes over the variables in list order, each of which visits every reference of every
+// initialiser: a live variable raises the count of a target from 0 to 1, a dead one takes its use back, and passes are
+// repeated until one takes nothing back. Most visits change nothing. So the passes are run here as events: one for each
+// variable (is it live now?) and one for each of its references, numbered in the order of a pass. An event is visited
+// only if something that it depends on has changed since its last visit, in the pass and at the place where the full
+// pass would come to it.
 
 #include "emit/emit.h"
 
@@ -42,7 +42,7 @@ void renamefirst(SymbolsByName &symbols, const Name *from, Name *to)
     symbols[to].insert(std::move(renamed));
 }
 
-// Makes the look-up of a list by name agree with the names that its symbols have now.
+// Updates the look-up of a list by name after its symbols were renamed.
 void refreshfirst(const SymbolsByName &symbols, Ref<Symbol> Name::*first)
 {
     for (const auto &[name, entries] : symbols)
@@ -69,7 +69,7 @@ void countuse(const Name *name)
         ++name->prototype->uses;
 }
 
-// The function's address is stored somewhere.
+// Notes that the function's address is stored somewhere.
 void markaddressed(const Name *name)
 {
     if (name->function)
@@ -98,10 +98,8 @@ void markinitrefs()
 
 namespace {
 
-// Sets of numbers.
-
-// A set of numbers below a limit that finds the next one: bits, and above each level a bit for every word of it that
-// isn't empty.
+// A set of numbers below a limit, as a bitmap with summary levels: each level has a bit for every word of the level
+// below that isn't 0, which makes the search for the next number fast.
 struct NumberSet {
     std::vector<std::vector<std::uint64_t>> levels;
 };
@@ -148,12 +146,12 @@ std::uint32_t nextnumber(const NumberSet &set, std::uint32_t from)
     for (std::size_t height = 0; height < set.levels.size(); ++height) {
         const auto &level = set.levels[height];
         const std::uint32_t word = from / word_bits;
-        const std::uint64_t behind = word < level.size() ? level[word] & ~(bitof(from) - 1) : 0;
-        if (behind == 0) {
+        const std::uint64_t rest = word < level.size() ? level[word] & ~(bitof(from) - 1) : 0;
+        if (rest == 0) {
             from = word + 1;
             continue;
         }
-        from = word * word_bits + static_cast<std::uint32_t>(std::countr_zero(behind));
+        from = word * word_bits + static_cast<std::uint32_t>(std::countr_zero(rest));
         while (height-- > 0)
             from = from * word_bits + static_cast<std::uint32_t>(std::countr_zero(set.levels[height][from]));
         return from;
@@ -168,29 +166,29 @@ using VariableId = std::uint32_t;  // place in `variables`
 
 struct Variable {
     Symbol *symbol;
-    EventId event;                  // those of its references follow it
-    std::uint32_t first_reference;  // to it, as a place in Reachability::references; the next variable's is the end
+    EventId event;                  // the events of its references follow
+    std::uint32_t first_reference;  // to it: place in Reachability::references, where those of one variable adjoin
     bool live;                      // as decided at its last visit
 };
 
 // The event of a variable has no leaf.
 struct Event {
-    Expr *leaf;           // the reference: its `counted` says that a use was counted for it
+    Expr *leaf;           // the reference; `counted` if a use was counted for it
     VariableId owner;     // the variable, or the one whose initialiser has the reference
     VariableId target;    // variable referred to, no_number if the name is no variable's
     std::uint32_t place;  // in Reachability::references
     bool released;        // the reference has taken its use back
 };
 
-// References can change the count of their target: what belongs to live variables raises it from 0, what belongs to
-// dead ones takes a use back. Only the first of them in the order of a pass has an effect when the count crosses 0, so
+// References can change the count of their target: one of a live variable raises it from 0, one of a dead variable
+// takes a use back. Only the first of them in the order of a pass has an effect when the count crosses 0, so
 // that is the one to be visited.
 struct Reachability {
     std::vector<Variable> variables;  // and an end
     std::vector<Event> events;
     std::vector<EventId> references;  // by target, in the order of a pass
     NumberSet raising, taking;        // places in `references`
-    NumberSet due;                    // events to be visited, behind the current one in this pass, else in the next
+    NumberSet due;  // events to be visited: those after the current one in this pass, the others in the next
     EventId current = 0;
     bool lowered = false;  // this pass has taken a use back
 };
@@ -264,7 +262,7 @@ void collectevents(Reachability &state)
     state.due = makeset(state.events.size());
     for (EventId id = 0; id < state.events.size(); ++id) {
         insert(state.due, id);
-        // No variable is taken for live until its first visit.
+        // Until its first visit a variable counts as dead.
         const Event &event = state.events[id];
         if (event.target != no_number && event.leaf->counted)
             insert(state.taking, event.place);
@@ -278,8 +276,8 @@ void schedulereference(Reachability &state, VariableId target)
     const std::uint32_t first = state.variables[target].first_reference;
     const std::uint32_t end = state.variables[target + 1].first_reference;
     const EventId *ids = state.references.data();
-    const auto behind = static_cast<std::uint32_t>(std::upper_bound(ids + first, ids + end, state.current) - ids);
-    std::uint32_t place = nextnumber(waiting, behind);
+    const auto later = static_cast<std::uint32_t>(std::upper_bound(ids + first, ids + end, state.current) - ids);
+    std::uint32_t place = nextnumber(waiting, later);
     if (place >= end)
         place = nextnumber(waiting, first);
     if (place < end)
@@ -293,7 +291,7 @@ void countcrossed(Reachability &state, VariableId variable)
     schedulereference(state, variable);
 }
 
-// The variable that a reference belongs to has come to life or died.
+// The variable that a reference belongs to has become live or dead.
 void ownerchanged(Reachability &state, EventId id, bool live)
 {
     insert(state.due, id);

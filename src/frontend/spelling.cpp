@@ -46,7 +46,7 @@ std::string_view cstring(std::string_view text, bool quoted)
 {
     static std::string result;
     result.clear();
-    std::size_t zero_end = 0;  // behind the last translated zero byte of the result
+    std::size_t zero_end = 0;  // end of the last translated zero byte in the result
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] != '\\') {
             result += text[i];

@@ -2,11 +2,13 @@
 
 #include "model/model.h"
 
+#include "frontend/frontend.h"
+
 // ---- Memory intrinsics ------------------------------------------------------------------------------------------
 
 const char *memoryheader(const Name *name)
 {
-    for (const std::string_view prefix : {"llvm.memcpy.", "llvm.memset.", "llvm.memmove."})
+    for (const std::string_view prefix : {intrinsics::memory_copy, intrinsics::memory_set, intrinsics::memory_move})
         if (namebegins(name, prefix))
             return "string.h";
     return nullptr;
@@ -14,21 +16,14 @@ const char *memoryheader(const Name *name)
 
 Name *memoryname(const Name *name)
 {
-    // The letter that tells memcpy, memset and memmove apart.
-    constexpr std::size_t telling = 8;
-    switch (name->text[telling]) {
-    case 'c':
+    if (namebegins(name, intrinsics::memory_copy))
         return intern("memcpy");
-    case 's':
-        return intern("memset");
-    default:
-        return intern("memmove");
-    }
+    return intern(namebegins(name, intrinsics::memory_set) ? "memset" : "memmove");
 }
 
 namespace {
 
-constexpr int memory_parameters = 3;
+constexpr int memory_parameters = 3;  // of the C functions; the rest is alignment and volatility
 
 // The length of a memory function is an unsigned int unless it is narrower.
 void narrowlength(Type *type)

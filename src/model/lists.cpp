@@ -2,6 +2,8 @@
 
 #include "model/model.h"
 
+#include "frontend/frontend.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -22,7 +24,7 @@ std::uint32_t need_flags;
 
 namespace {
 
-// Numbers the functions as `current_calls` is handed over; 0 is no function.
+// The number of the function being read; 0 is no function.
 std::uint32_t call_epoch = 1;
 
 }  // namespace
@@ -157,5 +159,5 @@ bool sameoperand(const Expr *a, const Expr *b)
     const bool plain = a->leaf == b->leaf && (a->leaf == leaf::number || a->leaf == leaf::name);
     if (plain && a->value == b->value)
         return true;
-    return a->leaf == leaf::name && namebegins(a->value, ".addr");
+    return a->leaf == leaf::name && namebegins(a->value, slot_suffix);
 }

@@ -1,10 +1,12 @@
-// The index of the function at hand. What is told as a walk back through the chain of Insts, from the newest to the
-// oldest, is answered here from lists by name, each in the order of the chain.
+// The index of the current function. A definition is found by name, as a walk back through the chain of Insts from the
+// newest to the oldest would find it; the lists by name have the order of the chain.
 //
-// An Inst gets its order when it is appended, in steps of three: the two Insts that a temporary puts in front of a
-// definition, once at most, take the two places in between.
+// An Inst gets its order when it is appended, in steps of three: the two Insts that a temporary inserts before its
+// definition, at most once, take the two numbers in between.
 
 #include "model/locals.h"
+
+#include "frontend/frontend.h"
 
 #include <algorithm>
 #include <map>
@@ -17,15 +19,15 @@ constexpr std::uint32_t order_step = 3;
 struct LocalIndex {
     std::uint32_t epoch = 0;  // Name::local is valid for this one only
     std::uint32_t next_order = 0;
-    std::vector<LocalName *> pool;  // entries of all epochs, used again
+    std::vector<LocalName *> pool;  // entries of all epochs, reused
     std::size_t taken = 0;          // entries of this epoch
     std::vector<Inst *> jumps;
-    std::vector<Inst *> statements;            // appended ones; next_live leads over those that are none any more
-    std::vector<std::uint32_t> next_live;      // disjoint sets: an entry that leads to itself is a statement
+    std::vector<Inst *> statements;            // appended ones; next_live skips those that are none any more
+    std::vector<std::uint32_t> next_live;      // disjoint sets: an entry that points to itself is a statement
     std::map<std::uint32_t, Inst *> inserted;  // statements that belong to temporaries, by order
 };
 
-// Made with the first function and never destroyed: at the end of the run its lists would be given back one by one.
+// Made with the first function and never destroyed, which would free its lists one by one at the end of the run.
 LocalIndex *locals;
 
 bool byorder(std::uint32_t order, const Inst *instruction)
@@ -39,8 +41,8 @@ void insertbyorder(ShortList<Inst> &insts, Inst *instruction)
     insts.insert(static_cast<std::size_t>(place - insts.begin()), instruction);
 }
 
-// The first entry from `place` on that is still a statement; the end of the list if there is none. An entry that has
-// got another op since is led around from now on.
+// The first entry from `place` on that is still a statement; the end of the list if there is none. One that is none
+// any more is skipped from then on.
 std::uint32_t livefrom(std::uint32_t place)
 {
     std::uint32_t root = place;
@@ -82,9 +84,8 @@ void notestatement(Inst *statement)
 // x for x.addr, else null.
 Name *slotowner(const Name *name)
 {
-    constexpr std::string_view suffix = ".addr";
     const std::string_view text = nametext(name);
-    return text.ends_with(suffix) ? intern(text.substr(0, text.size() - suffix.size())) : nullptr;
+    return text.ends_with(slot_suffix) ? intern(text.substr(0, text.size() - slot_suffix.size())) : nullptr;
 }
 
 // Enters an Inst that has its order already.
@@ -181,7 +182,7 @@ bool nojumpbetween(std::uint32_t older, std::uint32_t newer)
     Inst *const *first = locals->jumps.data();
     Inst *const *at = upto(first, first + locals->jumps.size(), newer);
     while (at != first && at[-1]->op != inst::jump)
-        --at;  // one that closes a loop now
+        --at;  // closes a loop now
     return at == first || at[-1]->order <= older;
 }
 

@@ -23,7 +23,7 @@ struct Type;
 // ---- Options ----------------------------------------------------------------------------------------------------
 // Whole-number flags, 0 unless the command line sets them.
 
-inline int no_header;    // -h: memory intrinsics stay declared, no string.h and no stdlib.h
+inline int no_header;    // -h: declarations in place of string.h and stdlib.h
 inline int no_inline;    // -i: no inline ordering, no @inline
 inline int long_long;    // -ll: 64-bit integers become a struct type and helper calls
 inline int no_math;      // -mc: calls of math functions are not folded
@@ -91,7 +91,7 @@ inline constexpr std::uint16_t ampersand = 104;
 inline constexpr std::uint16_t dollar = 252;
 }  // namespace token
 
-// Type::kind. Bit 0 of every integer kind but the bool says unsigned; the kinds are ordered by size.
+// Type::kind. Bit 0 of every integer kind but the bool means unsigned; the kinds are ordered by size.
 namespace kind {
 inline constexpr std::uint8_t boolean = 0x01;
 inline constexpr std::uint8_t ellipsis = 0x07;
@@ -159,7 +159,7 @@ inline constexpr std::uint8_t branch_pair = 143;   // true_label and false_label
 
 // Expr::leaf, meaningful where op is 0.
 namespace leaf {
-inline constexpr std::uint8_t none = 0;  // pass-through wrapper of a getelementptr being read
+inline constexpr std::uint8_t none = 0;  // wrapper of a getelementptr being read, without an effect
 inline constexpr std::uint8_t string = 4;
 inline constexpr std::uint8_t name = 18;
 inline constexpr std::uint8_t number = 19;
@@ -173,7 +173,7 @@ inline constexpr std::uint8_t value = 0;
 inline constexpr std::uint8_t phi = 2;
 inline constexpr std::uint8_t loop_close = 3;   // closing branch of a `for` built from a phi
 inline constexpr std::uint8_t cond_branch = 9;  // first target begins "cond."
-inline constexpr std::uint8_t absorbed = 14;    // a store that went into an expression: prints nothing
+inline constexpr std::uint8_t absorbed = 14;    // a store that is part of an expression: prints nothing
 inline constexpr std::uint8_t statement = 95;
 inline constexpr std::uint8_t local = 128;    // alloca, or the declaration of a temporary
 inline constexpr std::uint8_t nothing = 129;  // landingpad, resume, unreachable
@@ -192,7 +192,7 @@ inline constexpr std::uint8_t while_branch = 159;
 // Inst::used.
 namespace used {
 inline constexpr std::uint8_t no = 0;
-inline constexpr std::uint8_t folded = 1;     // the tree stands in a use
+inline constexpr std::uint8_t folded = 1;     // the tree is part of a use
 inline constexpr std::uint8_t temporary = 2;  // the value lives in a variable of its own
 }  // namespace used
 
@@ -277,15 +277,15 @@ struct Name {
     Ref<Symbol> function;   // first entry in `functions`
     Ref<Symbol> aggregate;  // first entry in `aggregates`
     Ref<Symbol> forward;    // entry in `forward_aggregates`
-    LocalName *local;       // what the name stands for in the function at hand, valid for local_epoch
+    LocalName *local;       // what the name stands for in the current function, valid for local_epoch
     std::uint32_t local_epoch;
     std::uint32_t call_epoch;  // the function whose `current_calls` has the name
     bool unresolved;           // in `unresolved`
     bool initref;              // in `initrefs`
 };
 
-// One node of a type expression. Nodes are not shared, but for the one node of each named aggregate: the reader
-// changes the kind of a scalar in place, which reaches all expressions that hold the node.
+// One node of a type expression. Nodes are not shared, except the one node of each named aggregate. The reader changes
+// the kind of a scalar in place, which affects all expressions that refer to the node.
 struct Type {
     Ref<Type> sub;  // pointee, element type or return type
     std::uint8_t kind;
@@ -307,7 +307,7 @@ struct Symbol {
     Ref<Symbol> next;
     union {
         Ref<Symbol> prev;     // aggregates and functions: the entry before it
-        std::uint32_t place;  // variable: in `variables`, from 0, while reachability is told
+        std::uint32_t place;  // variable: in `variables`, from 0, during the reachability analysis
     };
     union {
         Ref<Expr> value;    // variable: first initialiser node, null for none
@@ -356,7 +356,7 @@ struct Block {
     Ref<Block> next;
     Ref<Inst> first;         // null while empty
     Ref<Inst> last;          // while the block is empty, the last Inst of the block before
-    Ref<Name> label;         // null once its condition went into another block
+    Ref<Name> label;         // null once its condition was merged into another block's
     std::uint32_t position;  // in the function, set when the body is written
     std::uint8_t mark;
     bool removed;  // unlinked from the function
@@ -381,7 +381,7 @@ struct Inst {
 // One line of metadata.
 struct Meta {
     Ref<Meta> next;
-    const char *text;  // the rest of the line behind its second `!`
+    const char *text;  // the rest of the line after its second `!`
     std::uint32_t id;
 };
 
@@ -402,9 +402,11 @@ Block *newblock();
 Inst *newinst();
 Meta *newmeta();
 
-// Forgets an expression that was just made and that nothing holds: the address-of that a load or store strips, the
-// leaf of an operand that gave way to its definition. One that another record was made behind stays.
+// Frees an expression that was just made and that nothing refers to: the address-of that a load or store strips, the
+// leaf of an operand that was replaced by its definition. If it is not the newest record any more, it stays.
 void dropexpr(const Expr *expr);
+// The same for a type.
+void droptype(const Type *type);
 
 // A number leaf of the type int with the given text.
 Expr *newnumber(std::string_view text);
@@ -412,7 +414,7 @@ Expr *newnumber(std::string_view text);
 // The unique record of `text`; makes it if there is none.
 Name *intern(std::string_view text);
 
-// A name that equals no other, whatever its text: no input can refer to it.
+// A name that is different from all others, whatever its text: no input can refer to it.
 Name *privatename(std::string_view text);
 
 // Views of names; a null name has the empty text.
@@ -424,7 +426,7 @@ inline bool namebegins(const Name *name, std::string_view prefix)
 {
     return name && nametext(name).starts_with(prefix);
 }
-// Whether the name is one that the front end numbers.
+// Whether it is the name of an unnamed value, a number.
 inline bool isnumbered(const Name *name)
 {
     return name && isdigit(name->text[0]);
@@ -460,19 +462,19 @@ void add_function(Symbol *symbol);
 void add_alias(Symbol *symbol);
 void add_meta(Meta *meta);
 
-// A reference to a global that is no known variable: counts in its prototype, or waits in `unresolved`.
+// A reference to a global that is no known variable: counted in its prototype, or else kept in `unresolved`.
 void note_unresolved(Name *name);
 // A call in the function being read; memory intrinsics enter under their plain names.
 void note_call(Name *name);
-// Hands `current_calls` over and empties it.
+// Returns `current_calls` and empties it.
 Symbol *takecalls();
 void add_include(const char *header);
-// Enters the global at the end of an address chain into `initrefs`. A null expression is passed over.
+// Enters the global at the end of an address chain into `initrefs`. A null expression is ignored.
 void note_initref(const Expr *expr);
 // The name leaf at the end of a chain of address-of, casts, additions and indexes, or null.
 Expr *addressedleaf(Expr *expr);
 
-// Appends `element` behind `tail`, or as the head, and returns it.
+// Appends `element` after `tail`, or as the head.
 template <class Record>
 void append(List<Record> &list, Record *element)
 {
@@ -483,7 +485,7 @@ void append(List<Record> &list, Record *element)
     list.tail = element;
 }
 
-// Links `symbol` in front of `before`, and takes it out again, in a list whose symbols have their `prev` set.
+// Links `symbol` in before `before`, and unlinks it, in a list whose symbols have their `prev` set.
 void insertsymbol(List<Symbol> &list, Symbol *symbol, Symbol *before);
 void removesymbol(List<Symbol> &list, Symbol *symbol);
 
@@ -493,7 +495,7 @@ void removesymbol(List<Symbol> &list, Symbol *symbol);
 bool equaltype(const Type *a, const Type *b);
 // Whether both are the same scalar.
 bool samescalar(const Type *a, const Type *b);
-// Enters a literal aggregate that has got its tag; finds the newest entry of the shape of `type`, or null.
+// Enters a literal aggregate that was given its tag; finds the newest entry of the shape of `type`, or null.
 void addanon(const Type *type);
 const Type *findanon(const Type *type);
 // To be called after the kind of a type was changed while the output is written.
@@ -517,7 +519,7 @@ struct MathFunction {
 };
 // The row of a math function, or null.
 MathFunction *findmath(std::string_view name);
-// Marks a math function as declared; any other name is passed over.
+// Marks a math function as declared; any other name is ignored.
 void markmath(const Name *name);
 
 // ---- Expression tests (lists.cpp) -------------------------------------------------------------------------------
@@ -547,7 +549,7 @@ inline std::uint8_t opposite(std::uint8_t comparison)
 {
     return static_cast<std::uint8_t>(((comparison - 1U) ^ 1U) + 1U);
 }
-// The type of an expression and what a type leads to; null for null.
+// The type of an expression, and the pointee, element or result of a type; null for null.
 inline Type *exprtype(const Expr *expr)
 {
     if (!expr)
@@ -560,6 +562,14 @@ inline Type *subtype(const Type *type)
         return nullptr;
     return type->sub;
 }
+// The member at `place`, from 0, of an aggregate; null if there are fewer.
+inline Symbol *memberat(const Type *aggregate, std::uint32_t place)
+{
+    Symbol *member = aggregate->members;
+    for (; place > 0 && member; --place)
+        member = member->next;
+    return member;
+}
 // Whether a type counts as unsigned: bit 0 of its kind. A null type does not.
 inline bool isunsigned(const Type *type)
 {
@@ -570,8 +580,8 @@ bool sameoperand(const Expr *a, const Expr *b);
 
 // ---- Locals and temporaries (locals.cpp, temporaries.cpp) --------------------------------------------------------
 
-// A list with room for one entry in place: most names stand for one thing of a kind. What a list has taken from the
-// pool stays its own when it is cleared, so clearing and filling it again costs no memory.
+// A list with room for one entry in place, which is enough for most names. A list keeps its
+// memory when it is cleared, so clearing and filling it again costs none.
 template <class Record>
 struct ShortList {
     union {
@@ -579,12 +589,12 @@ struct ShortList {
         Record **many;
     };
     std::uint32_t count;
-    std::uint32_t capacity;  // of `many`; 0 while the entry stands in place
+    std::uint32_t capacity;  // of `many`; 0 while the entry is in place
 
     Record *const *begin() const { return capacity ? many : &single; }
     Record *const *end() const { return begin() + count; }
     void clear() { count = 0; }
-    // Enters `record` in front of the entry at `place`, counted from 0 and at most `count`.
+    // Inserts `record` before the entry at `place`, counted from 0 and at most `count`.
     void insert(std::size_t place, Record *record)
     {
         if (count == std::max(capacity, 1U))
@@ -607,22 +617,22 @@ private:
     }
 };
 
-// What one name stands for in the function at hand; each list in the order of the Insts or Blocks.
+// What one name stands for in the current function; each list in the order of the Insts or Blocks.
 struct LocalName {
     ShortList<Inst> named;    // values, phis and locals of this name
     ShortList<Inst> stores;   // statements that store the local of this name
-    ShortList<Inst> slots;    // locals of this name with ".addr" behind it
+    ShortList<Inst> slots;    // locals of this name with ".addr" appended
     ShortList<Block> blocks;  // blocks with this label, while a body is written
 };
 
 // Starts the index of a function, empty; the index of the function before is gone.
 void beginlocals();
-// The entry of `name` in the current index, made if need be; findlocal() gives null instead.
+// The entry of `name` in the current index; makes it if there is none, where findlocal() returns null.
 LocalName &localname(Name *name);
 LocalName *findlocal(const Name *name);
-// Enters an Inst that was appended at the end of the chain, and gives it its order.
+// Enters an Inst that was appended to the chain, and sets its order.
 void notelocal(Inst *instruction);
-// Takes back the jump that was noted last: it has left the chain.
+// Removes the jump that was noted last: it was unlinked.
 void dropjump();
 // Enters all Insts of the chain that ends at `last` into the current index, which must have none.
 void indexchain(Inst *last);

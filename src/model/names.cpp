@@ -18,8 +18,8 @@ Record *newrecord()
     return new (recordalloc(sizeof(Record), alignof(Record))) Record{};
 }
 
-// Open addressing with linear probing; the capacity is a power of two and at most half of it is in use. The hash stands
-// beside the link, so that a probe rarely has to look at a name of another text.
+// Open addressing with linear probing; the capacity is a power of two and at most half of it is in use. The hash is
+// kept beside the link, so that a probe rarely compares with a different text.
 struct NameSlot {
     std::uint32_t hash;
     Ref<Name> name;
@@ -80,13 +80,13 @@ void growtable()
     }
 }
 
-// A text of usual length stands behind its record: who compares it has just read the record.
+// A text of usual length is placed directly after its record: a comparison has just read the record.
 Name *newname(std::string_view text)
 {
     constexpr std::size_t usual_length = 63;
     const bool usual = text.size() <= usual_length;
-    const std::size_t behind = usual ? (text.size() / alignof(Name) + 1) * alignof(Name) : 0;
-    char *room = static_cast<char *>(recordalloc(sizeof(Name) + behind, alignof(Name)));
+    const std::size_t room_for_text = usual ? (text.size() / alignof(Name) + 1) * alignof(Name) : 0;
+    char *room = static_cast<char *>(recordalloc(sizeof(Name) + room_for_text, alignof(Name)));
     Name *name = new (room) Name{};
     char *copy = room + sizeof(Name);
     if (usual)
@@ -125,6 +125,11 @@ Expr *newexpr(std::uint8_t op, Type *type)
 void dropexpr(const Expr *expr)
 {
     recordundo(expr, sizeof *expr);
+}
+
+void droptype(const Type *type)
+{
+    recordundo(type, sizeof *type);
 }
 
 Block *newblock()

@@ -17,16 +17,15 @@ namespace {
 
 using TypePair = std::pair<const Type *, const Type *>;
 
-// Aggregates that are known to be equal form classes, kept as trees. A comparison takes what it has yet to find equal
-// for equal at once, so that types which reach themselves through pointers come to an end, and takes it back if
-// something tells the two apart. So each pair of aggregates is looked at once in a run, or once in a comparison that
-// fails.
+// Aggregates that are known to be equal form classes, kept as trees. A comparison joins the classes of a pair before
+// it compares the members, so that it ends on recursive types, and splits them again if it finds a difference. So each
+// pair of aggregates is compared once in a run, or once in a comparison that fails.
 struct ShapeClasses {
     std::unordered_map<const Type *, const Type *> parent;  // an aggregate without an entry is a root
     std::unordered_map<const Type *, std::uint32_t> rank;   // height of a root's tree
 };
 
-// Like the index below never destroyed: at the end of the run its entries would be given back one by one.
+// Like the index below never destroyed, which would free its entries one by one at the end of the run.
 ShapeClasses &shapeclasses()
 {
     static auto &classes = *new ShapeClasses;
@@ -41,7 +40,7 @@ const Type *classof(const Type *type)
     return type;
 }
 
-// Joins two classes by their roots, the lower tree under the higher one. Returns the root that lost its place.
+// Joins two classes by their roots, the lower tree under the higher one. Returns the root that is one no longer.
 const Type *joinclasses(const Type *a, const Type *b)
 {
     ShapeClasses &classes = shapeclasses();
@@ -53,13 +52,13 @@ const Type *joinclasses(const Type *a, const Type *b)
     return b;
 }
 
-// A comparison: pairs of types that have yet to be found equal, and the classes that were joined for it.
+// A comparison: the pairs of types still to be compared, and the classes that were joined for it.
 struct ShapeComparison {
     std::vector<TypePair> pending;
     std::vector<const Type *> joined;
 };
 
-// Down through pointers and arrays in step, to the first other kind. Returns false if the types differ.
+// Descends both types through pointers and arrays to the first other kind. Returns false if the types differ.
 bool descend(const Type *&a, const Type *&b)
 {
     while (a && b && a != b) {
@@ -118,8 +117,8 @@ bool equaltype(const Type *a, const Type *b)
 
 namespace {
 
-// Entries that have a hash in common, the newest last. A few are told apart by comparing; more than that, and they
-// move on to buckets by a hash that goes as deep as any line can nest.
+// Entries of the same hash, the newest last. A few are searched by comparing; a bucket that grows beyond that is split
+// by a second hash that reaches as deep as any line can nest.
 struct AnonBucket {
     std::vector<const Type *> entries;
     bool split = false;
@@ -147,8 +146,8 @@ std::size_t mixed(std::size_t hash, std::size_t value)
     return hash ^ hash >> 29U;
 }
 
-// The first `nodes` nodes of a type, aggregates unrolled into their members in order. Equal types unroll alike, also
-// where they reach themselves.
+// The hash of the first `nodes` nodes of a type, aggregates expanded into their members in order. Equal types expand
+// alike, recursive ones too.
 std::size_t shapehash(const Type *type, int nodes)
 {
     static std::vector<const Symbol *> rest;  // members to come, the next one last
@@ -191,7 +190,7 @@ void enteranon(const Type *type)
         return;
     AnonBucket &shallow = anonindex()[shapehash(type, shallow_nodes)];
     if (&shallow != &bucket)
-        return;  // a deep one: nothing goes deeper
+        return;  // a deep one: there is no third hash
     shallow.split = true;
     const std::vector<const Type *> entries = std::move(shallow.entries);
     for (const Type *entry : entries)

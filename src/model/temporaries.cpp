@@ -1,20 +1,22 @@
-// Value substitution: a local operand gives way to the tree of the Inst that defines it, so that a chain of
+// Value substitution: a local operand is replaced by the tree of the Inst that defines it, so that a chain of
 // three-address lines collapses into one nested expression while it is read.
 //
 //     %0 = load i16, i16* %i            the load is the leaf `i`
 //     %inc = add i16 %0, 1              i + 1
 //     store i16 %inc, i16* %i           i = i + 1
-//     store i16 %0, i16* %j             %0 is used again with an increment behind it: i++ replaces the store above
+//     store i16 %0, i16* %j             %0 is used again after an increment: i++ replaces the store above
 //   gives
 //     j = i++;
 //
-// Nothing here is data-flow analysis. It leans on the shape of unoptimised code, in which every value has one use but
-// for the cases told below. A tree is shared by its definition and its uses: what changes a node reaches all of them.
+// There is no data-flow analysis. Substitution relies on the shape of unoptimised code, in which every value has one
+// use, except for the cases below. A tree is shared by its definition and its uses: a change of a node affects all of
+// them.
 
 #include "model/locals.h"
 #include "model/model.h"
 
 #include "base/base.h"
+#include "frontend/frontend.h"
 
 #include <charconv>
 #include <string>
@@ -40,7 +42,7 @@ Expr *addressof(Expr *operand)
 
 // ---- Further uses -----------------------------------------------------------------------------------------------
 
-// The first statement from `from` on goes into an expression: it prints nothing any more.
+// Marks the first statement from `from` on as part of an expression: it prints nothing of its own any more.
 Inst *absorbstatement(const Inst *from)
 {
     Inst *statement = nextstatement(from);
@@ -49,19 +51,19 @@ Inst *absorbstatement(const Inst *from)
     return statement;
 }
 
-// %inc or %dec used again is the new value: the assignment of the whole step takes the place of the operand. Other
-// named values stand twice.
+// A further use of %inc or %dec is the new value: the assignment of the whole step replaces the operand. The trees of
+// other named values are printed twice.
 Expr *reusenamed(Inst *definition)
 {
-    if (!namebegins(definition->name, "inc") && !namebegins(definition->name, "dec"))
+    if (!namebegins(definition->name, value_names::increment) && !namebegins(definition->name, value_names::decrement))
         return definition->expr;
     const Inst *statement = absorbstatement(definition);
     return statement ? statement->expr : definition->expr;
 }
 
-// Links `first` in front of `definition`, for the walk through the block. The Inst in front of a block's first one
-// belongs to the block before, whose `next` stays null; case labels have no place in the chain.
-void linkahead(Block *block, Inst *first, const Inst *definition)
+// Links `first` in before `definition`, for the walk through the block. The predecessor of a block's first Inst belongs
+// to the block before, and its `next` stays null; case labels are not in the prev chain.
+void linkbefore(Block *block, Inst *first, const Inst *definition)
 {
     if (definition->prev && definition->prev->block == block) {
         definition->prev->next = first;
@@ -74,9 +76,9 @@ void linkahead(Block *block, Inst *first, const Inst *definition)
         *link = first;
 }
 
-// `definition` moves its value to a variable:
+// Moves the value of `definition` to a variable:
 //     declaration of _tempN_, _tempN_ = tree, definition
-// The node of the tree turns into the name, which reaches all uses read so far; a copy of it is what is assigned.
+// The node of the tree becomes the name, also in all uses read so far; a copy of the node is assigned.
 Expr *movetotemporary(Inst *definition)
 {
     Expr *tree = definition->expr;
@@ -112,13 +114,13 @@ Expr *movetotemporary(Inst *definition)
     declaration->next = assignment;
     assignment->prev = declaration;
     assignment->next = definition;
-    linkahead(block, declaration, definition);
+    linkbefore(block, declaration, definition);
     definition->prev = assignment;
     noteinserted(declaration, assignment, definition);
     return tree;
 }
 
-// The direction of a pointer step, from its own tree. What is no step is reported.
+// The direction of a pointer step, by its tree. Any other tree is reported.
 std::uint8_t stepdirection(const Expr *step)
 {
     while (isop(step, op::cast) || isop(step, op::address))
@@ -133,16 +135,16 @@ std::uint8_t stepdirection(const Expr *step)
     return text && namebegins(step->value, "-") ? op::decrement : op::increment;
 }
 
-// The postfix operator that the Inst behind a numbered definition stands for, by its name; 0 if it is no step.
+// The postfix operator that the Inst after a numbered definition stands for, by its name; 0 if it is no step.
 std::uint8_t stepoperator(const Inst *step)
 {
     if (!step || !step->name)
         return 0;
-    if (namebegins(step->name, "incdec.ptr"))
+    if (namebegins(step->name, value_names::pointer_step))
         return stepdirection(step->expr);
-    if (namebegins(step->name, "inc"))
+    if (namebegins(step->name, value_names::increment))
         return op::increment;
-    if (namebegins(step->name, "dec"))
+    if (namebegins(step->name, value_names::decrement))
         return op::decrement;
     return 0;
 }
@@ -165,7 +167,7 @@ Expr *postop(Inst *definition)
 
 // ---- The search -------------------------------------------------------------------------------------------------
 
-// The newest Inst up to `order` of a list, or null. One that closes a loop is no definition any more.
+// The newest Inst of a list up to `order`, or null. A phi that closes a loop is no definition any more.
 Inst *newest(const ShortList<Inst> &insts, std::uint32_t order)
 {
     Inst *const *at = upto(insts.begin(), insts.end(), order);
@@ -179,8 +181,8 @@ bool isolder(const Inst *a, const Inst *b)
     return !a || (b && a->order < b->order);
 }
 
-// The newest store up to `order` that a use of the stored local can take over: it stands behind the last jump and
-// behind `definition`, and is not the assignment of a thing to itself.
+// The newest store up to `order` that can be folded into a use of the stored local: it is after the last jump and after
+// `definition`, and does not assign a thing to itself.
 Inst *foldablestore(const LocalName &local, const Inst *definition, std::uint32_t order)
 {
     Inst *const *at = upto(local.stores.begin(), local.stores.end(), order);
@@ -203,7 +205,7 @@ Expr *foldstore(Inst *store)
     return store->expr;
 }
 
-// A name that no Inst defines: a parameter, or the address of something outside.
+// A name that no Inst defines: a parameter, or the address of a thing outside the function.
 Expr *undefinedlocal(Expr *operand)
 {
     if (isnumbered(operand->value)) {

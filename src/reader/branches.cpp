@@ -1,9 +1,10 @@
-// Branches, switch, return and phi. The label prefixes of a branch's targets tell what construct of the source it came
-// from; the op that a branch gets here is what the statement walk goes by.
+// Branches, switch, return and phi. The label prefixes of a branch's targets show the construct of the source that it
+// belongs to; the op that a branch gets here selects its handler in the statement walk.
 
 #include "reader/reader.h"
 
 #include "base/base.h"
+#include "frontend/frontend.h"
 
 namespace {
 
@@ -12,12 +13,7 @@ Name *readlabel()
 {
     if (!expectword("label", "invalid label syntax") || !expect(token::percent, "invalid label prefix"))
         return nullptr;
-    Token t;
-    gettoken(t);
-    if (t.code == token::identifier)
-        return intern(tokentext(t));
-    report("invalid label name");
-    return nullptr;
+    return expectname("invalid label name");
 }
 
 struct BranchClass {
@@ -25,25 +21,25 @@ struct BranchClass {
     std::uint8_t op;
 };
 
-// By the beginning of the first target, for what is neither a short-circuit term nor an `if`.
+// By the prefix of the first target, for what is neither a short-circuit term nor an `if`.
 constexpr BranchClass branch_classes[] = {
-    {"do.", inst::do_branch},
-    {"for.", inst::for_branch},
-    {"cond.", inst::cond_branch},
-    {"while.", inst::while_branch},
+    {labels::do_, inst::do_branch},
+    {labels::for_, inst::for_branch},
+    {labels::conditional, inst::cond_branch},
+    {labels::while_, inst::while_branch},
 };
 
 bool isshortcircuit(const Name *label)
 {
-    return namebegins(label, "land.") || namebegins(label, "lor.");
+    return namebegins(label, labels::logical_and) || namebegins(label, labels::logical_or);
 }
 
 std::uint8_t classify(const Expr *pair)
 {
     if (isshortcircuit(pair->true_label) || isshortcircuit(pair->false_label))
         return inst::chain_branch;
-    if (namebegins(pair->true_label, "if."))
-        return namebegins(pair->false_label, "if.") ? inst::if_branch : inst::other_branch;
+    if (namebegins(pair->true_label, labels::if_))
+        return namebegins(pair->false_label, labels::if_) ? inst::if_branch : inst::other_branch;
     for (const BranchClass &row : branch_classes)
         if (namebegins(pair->true_label, row.first_target))
             return row.op;
@@ -64,7 +60,7 @@ Expr *readtargets()
     return pair;
 }
 
-// A branch on the condition behind the token `width`, which is the i1. A constant compare reads as an instruction.
+// A branch on the condition after the token `width`, the i1. A constant compare is read as an instruction.
 Inst *readconditional(const Token &width, Block *block)
 {
     Token t;
@@ -87,7 +83,7 @@ Inst *readconditional(const Token &width, Block *block)
     return instruction;
 }
 
-// label, pushed back to its first word `t`; null after a report.
+// label, whose first word `t` is taken already; null after a report.
 Inst *readjump(const Token &t)
 {
     Inst *instruction = newinst();
@@ -117,7 +113,7 @@ Inst *readbr(Block *block)
     return invalidbranch();
 }
 
-// label "unwind" ...: the continuation of an invoke.
+// label "unwind" ...: the destinations of an invoke.
 Inst *readto()
 {
     after_invoke = false;
@@ -187,7 +183,7 @@ Inst *readret(Block *block)
 
 namespace {
 
-// "[" value "," "%" label "]"; null after a report. Locals stay unresolved: they may stand in blocks still to come.
+// "[" value "," "%" label "]"; null after a report. Locals stay unresolved: they may be defined in later blocks.
 Expr *readphipair(Type *type)
 {
     if (!expect(token::left_bracket, "missing [ in phi instruction"))
@@ -196,13 +192,9 @@ Expr *readphipair(Type *type)
     if (!expect(token::comma, "missing , in phi instruction") ||
         !expect(token::percent, "invalid label prefix in phi instruction"))
         return nullptr;
-    Token t;
-    gettoken(t);
-    if (t.code != token::identifier) {
-        report("invalid label in phi instruction");
+    value->label = expectname("invalid label in phi instruction");
+    if (!value->label)
         return nullptr;
-    }
-    value->label = intern(tokentext(t));
     return expect(token::right_bracket, "missing ] in phi instruction") ? value : nullptr;
 }
 

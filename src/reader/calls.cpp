@@ -3,13 +3,14 @@
 #include "reader/reader.h"
 
 #include "base/base.h"
+#include "frontend/frontend.h"
 
 std::uint32_t unnamed_params;
 bool after_invoke;
 
 namespace {
 
-// A call of this name with this instruction would throw, which the output can't do.
+// A call of `thrower` throws an exception, which the output can't express.
 void rejectthrow(const Name *callee, std::string_view thrower)
 {
     if (nametext(callee) == thrower)
@@ -38,8 +39,7 @@ Expr *argumentcell(Expr *argument)
     return cell;
 }
 
-// argument { "," argument } ")" into the chain that starts at `link`, read from behind "(". Returns false after a
-// report.
+// argument { "," argument } ")" into the chain that starts at `link`, from after "(". Returns false after a report.
 bool readarguments(Ref<Expr> *link, Block *block, const char *message)
 {
     if (acceptif(token::right_paren))
@@ -67,8 +67,8 @@ Expr *nameleaf(std::uint8_t code, std::string_view text)
     return expr;
 }
 
-// [word] string "," string: a call of _asm with the text as its first argument. Returns where the further arguments
-// go, null after a report.
+// [word] string "," string: a call of _asm with the text as its first argument. Returns the link for the further
+// arguments, null after a report.
 Ref<Expr> *readassembler(Inst *instruction, Type *type)
 {
     Token t;
@@ -91,12 +91,12 @@ Ref<Expr> *readassembler(Inst *instruction, Type *type)
     return &call->right->right;
 }
 
-// The callee of a plain call. Returns where the arguments go, null for a call that is dropped.
+// The callee of a plain call. Returns the link for the arguments, null for a call that is dropped.
 Ref<Expr> *readplaincallee(Inst *instruction, Type *type, Block *block)
 {
     Expr *callee = readcallee(type, block);
     if (isleaf(callee, leaf::name)) {
-        if (namebegins(callee->value, "llvm.dbg.") || namebegins(callee->value, "llvm.invariant."))
+        if (isannotation(nametext(callee->value)))
             return nullptr;
         note_call(callee->value);
         rejectthrow(callee->value, "__cxa_rethrow");
@@ -105,7 +105,7 @@ Ref<Expr> *readplaincallee(Inst *instruction, Type *type, Block *block)
     return &instruction->expr->right;
 }
 
-Inst *statementor(Inst *instruction)
+Inst *orstatement(Inst *instruction)
 {
     if (instruction)
         return instruction;
@@ -119,7 +119,7 @@ Inst *statementor(Inst *instruction)
 // words type ("asm" assembler | callee) "(" arguments
 Inst *readcall(Block *block, Inst *instruction)
 {
-    instruction = statementor(instruction);
+    instruction = orstatement(instruction);
     readwords();
     Type *type = readtype();
     Token t;
@@ -136,10 +136,10 @@ Inst *readcall(Block *block, Inst *instruction)
     return readarguments(arguments, block, "missing ) in call") ? instruction : nullptr;
 }
 
-// words type callee "(" arguments; the continuation stands on the next line.
+// words type callee "(" arguments; the destinations are on the next line.
 Inst *readinvoke(Block *block, Inst *instruction)
 {
-    instruction = statementor(instruction);
+    instruction = orstatement(instruction);
     after_invoke = true;
     readwords();
     Type *type = readtype();
@@ -167,7 +167,7 @@ bool skiptailmarker(Token &t)
 
 namespace {
 
-// type words: a char takes the signedness that its extension states.
+// type words: an extension word sets the signedness of a char.
 Type *readparamtype()
 {
     Type *type = readtype();
@@ -192,7 +192,7 @@ bool endsparams()
     return t.code == token::end_of_line;
 }
 
-// type words operand. A char that was widened to int passes as the char.
+// type words operand. The cast of a char to int is dropped.
 Expr *readparam(Block *block)
 {
     Type *type = readparamtype();

@@ -3,10 +3,11 @@
 #include "reader/reader.h"
 
 #include "base/base.h"
+#include "frontend/frontend.h"
 
 namespace {
 
-// The label of a block that the input doesn't label; no branch can refer to it.
+// The label of an entry block without one in the input; no branch can refer to it.
 Name *entrylabel()
 {
     static Name *const label = privatename("_entry_");
@@ -46,11 +47,11 @@ void appendinst(Block *block, Inst *instruction)
     notelocal(instruction);
 }
 
-// The branch of an invoke to `label`, which continues the block: it goes, and no block is opened. A block that is still
-// empty goes on behind the branch of the block before, which keeps it.
+// Returns true if the block ends in an invoke's branch to `label`: the branch is unlinked, and the block goes on. While
+// the block is still empty the branch is that of the block before, which keeps it.
 bool continuesinvoke(Block *block, const Name *label)
 {
-    if (!block || !block->last || !namebegins(label, "invoke."))
+    if (!block || !block->last || !namebegins(label, labels::invoke))
         return false;
     Inst *jump = block->last;
     if (jump->op != inst::jump || jump->name != label)
@@ -98,7 +99,7 @@ constexpr StatementForm statement_forms[] = {
     {"resume", readnothing}, {"unreachable", readnothing},
 };
 
-// The statement that opens with `word`; null for none.
+// The statement that begins with `word`; null for none.
 Inst *readstatement(const Token &word, Block *block)
 {
     if (after_invoke && isword(word, "to"))
@@ -109,26 +110,26 @@ Inst *readstatement(const Token &word, Block *block)
     return nullptr;
 }
 
-// How a line of a body ends the reading of the function.
-enum class Line { goes_on, closes, abandons };
+// What a line of a body means for the reading of the function: it goes on, ends at its brace, or fails.
+enum class Line { next, end, failure };
 
-// A statement or a label that opens with the identifier `first`.
+// A statement or a label that begins with the identifier `first`.
 Line readwordline(Body &body, const Token &first)
 {
     Token word = first;
     if (!skiptailmarker(word))
-        return Line::abandons;
+        return Line::failure;
     if (acceptif(token::colon)) {
         readbodylabel(body, intern(tokentext(word)));
-        return Line::goes_on;
+        return Line::next;
     }
     openentry(body);
     if (Inst *instruction = readstatement(word, body.block))
         appendinst(body.block, instruction);
-    return Line::goes_on;
+    return Line::next;
 }
 
-// name "=" instruction, from behind the "%".
+// name "=" instruction, from after the "%".
 void readvalueline(Body &body)
 {
     openentry(body);
@@ -151,17 +152,17 @@ Line readbodyline(Body &body)
     gettoken(t);
     switch (t.code) {
     case token::end_of_line:
-        return Line::goes_on;
+        return Line::next;
     case token::right_brace:
-        return Line::closes;
+        return Line::end;
     case token::identifier:
         return readwordline(body, t);
     case token::percent:
         readvalueline(body);
-        return Line::goes_on;
+        return Line::next;
     default:
         report("invalid instruction construct");
-        return Line::goes_on;
+        return Line::next;
     }
 }
 
@@ -176,11 +177,11 @@ int readbody(Symbol *fn)
             return 1;
         }
         switch (readbodyline(body)) {
-        case Line::goes_on:
+        case Line::next:
             break;
-        case Line::abandons:
+        case Line::failure:
             return 1;
-        case Line::closes:
+        case Line::end:
             fn->calls = takecalls();
             add_function(fn);
             return 0;
@@ -197,7 +198,7 @@ std::uint8_t functionstorage(std::uint32_t flags)
     return flags & flag::hidden ? storage::hidden : storage::none;
 }
 
-// parameter { "," parameter } ")" from behind the opening parenthesis.
+// parameter { "," parameter } ")" from after the opening parenthesis.
 Symbol *readheaderparams()
 {
     if (acceptif(token::right_paren))
@@ -219,13 +220,10 @@ int readdefine()
     Type *result = readtype();
     if (!expect(token::at, "invalid global prefix in define"))
         return 1;
-    Token t;
-    gettoken(t);
-    if (t.code != token::identifier) {
-        report("invalid global name in define");
+    Name *name = expectname("invalid global name in define");
+    if (!name)
         return 1;
-    }
-    Symbol *fn = newsym(intern(tokentext(t)), newtype(kind::function, result));
+    Symbol *fn = newsym(name, newtype(kind::function, result));
     fn->storage = functionstorage(flags);
     fn->flags = flags;
     if (!expect(token::left_paren, "missing ( in define"))

@@ -4,6 +4,7 @@
 #include "reader/reader.h"
 
 #include "base/base.h"
+#include "frontend/frontend.h"
 
 // ---- Attribute words --------------------------------------------------------------------------------------------
 
@@ -94,7 +95,7 @@ bool closesaggregate(const Token &t)
     return t.code == token::right_brace || t.code == token::right_bracket;
 }
 
-// What opens an element behind its type.
+// How an element begins after its type.
 enum class Element { aggregate, zero, term };
 
 Element elementform()
@@ -121,8 +122,8 @@ Expr *marker(std::uint8_t op)
     return newexpr(op, nullptr);
 }
 
-// Steps behind an element: closes as many aggregates as end here. Returns the token behind them; `depth` falls below
-// zero when the outermost one has ended.
+// Closes as many aggregates as end after an element. Returns the token that follows; `depth` falls below zero when the
+// outermost aggregate has ended.
 Token closeelements(List<Expr> &elements, int &depth)
 {
     Token t;
@@ -138,9 +139,9 @@ Token closeelements(List<Expr> &elements, int &depth)
     return t;
 }
 
-// The elements of an initialiser, read behind its opening bracket:
+// The elements of an initialiser, from after its opening bracket:
 //   element = type ( "zeroinitializer" | "undef" | ["<"] ("{" | "[") element { "," element } ("}" | "]") [">"] | term )
-// The list is flat; inner aggregates stand between markers.
+// The list is flat; markers enclose the elements of an inner aggregate.
 Expr *readelements()
 {
     List<Expr> elements{};
@@ -196,19 +197,16 @@ int readalias(Name *name)
     readtype();
     if (!expect(token::at, "invalid alias prefix"))
         return 1;
-    Token t;
-    gettoken(t);
-    if (t.code != token::identifier) {
-        report("invalid alias name");
+    Name *aliasee = expectname("invalid alias name");
+    if (!aliasee)
         return 1;
-    }
     Symbol *alias = newsym(name, nullptr);
-    alias->aliasee = intern(tokentext(t));
+    alias->aliasee = aliasee;
     add_alias(alias);
     return 0;
 }
 
-// Attribute words and what they make of the line: an alias or a variable.
+// words alias | words variable
 int readvariable(Name *name)
 {
     const std::uint32_t flags = readwords();
@@ -235,14 +233,8 @@ int readvariable(Name *name)
 // "@" name "=" words type [initialiser]
 int readgloballine()
 {
-    Token t;
-    gettoken(t);
-    if (t.code != token::identifier) {
-        report("invalid variable name");
-        return 1;
-    }
-    Name *name = intern(tokentext(t));
-    if (!expect(token::assign, "missing = in variable definition"))
+    Name *name = expectname("invalid variable name");
+    if (!name || !expect(token::assign, "missing = in variable definition"))
         return 1;
     return readvariable(name);
 }
@@ -251,8 +243,7 @@ int readgloballine()
 
 namespace {
 
-// The C functions behind the memory intrinsics have this many parameters; the rest is alignment and volatility.
-// { type words "," } ")" from behind the opening parenthesis.
+// { type words "," } ")" from after the opening parenthesis.
 Symbol *readdeclareparameters()
 {
     if (acceptif(token::right_paren))
@@ -265,7 +256,7 @@ Symbol *readdeclareparameters()
     return parameters.head;
 }
 
-// An intrinsic with a literal structure as its result returns it through a pointer in front of its parameters.
+// An intrinsic whose result is a literal structure returns it through a pointer, its first parameter.
 void returnthroughpointer(Type *function)
 {
     Type *nothing = newtype(kind::void_, nullptr);
@@ -297,14 +288,10 @@ int readdeclare()
     Type *result = readtype();
     if (!expect(token::at, "invalid global prefix in declare"))
         return 1;
-    Token t;
-    gettoken(t);
-    if (t.code != token::identifier) {
-        report("invalid global name in declare");
+    Name *name = expectname("invalid global name in declare");
+    if (!name)
         return 1;
-    }
-    Name *name = intern(tokentext(t));
-    if (namebegins(name, "llvm.dbg.") || namebegins(name, "llvm.invariant."))
+    if (isannotation(nametext(name)))
         return 0;
     Symbol *symbol = newsym(name, newtype(kind::function, result));
     if (result->kind == kind::float32)
@@ -314,7 +301,7 @@ int readdeclare()
     symbol->type->params = readdeclareparameters();
     symbol->storage = storage::extern_;
     placedeclaration(symbol);
-    if (namebegins(symbol->name, "llvm.") && result->kind == kind::structure && !result->tag)
+    if (namebegins(symbol->name, intrinsics::prefix) && result->kind == kind::structure && !result->tag)
         returnthroughpointer(symbol->type);
     return 0;
 }

@@ -1,5 +1,5 @@
 // The right-hand sides of value lines, and the store: each becomes a tree in C shape. The signed and unsigned variants
-// of an instruction are told apart by casts on its operands.
+// of an instruction differ in casts on its operands.
 
 #include "reader/reader.h"
 
@@ -23,7 +23,7 @@ Expr *dereference(Expr *pointer, Type *type)
     return expr;
 }
 
-// The thing whose address a term is.
+// The operand of the address-of, whose node is dropped.
 Expr *stripaddress(const Expr *address)
 {
     Expr *thing = address->left;
@@ -104,7 +104,7 @@ Inst *readload(Inst *instruction, Block *block, const InstForm & /*form*/)
     return instruction;
 }
 
-// The local that a store's value operand names, null for anything else. Nothing is taken.
+// The local that a store's value operand names, null for anything else. The tokens are pushed back.
 Name *storedlocal()
 {
     Token percent;
@@ -141,7 +141,7 @@ Inst *readalloca(Inst *instruction, Block *block, const InstForm & /*form*/)
 // How an instruction forces the signedness of its operands.
 enum class Sign : std::uint8_t { asread, both_signed, both_unsigned, left_signed, left_unsigned };
 
-// A word, its reader, and what the reader makes of it.
+// The word of an instruction, its reader, and the reader's parameters.
 struct InstForm {
     std::string_view word;
     Inst *(*read)(Inst *instruction, Block *block, const InstForm &form);
@@ -175,7 +175,7 @@ Inst *readarithmetic(Inst *instruction, Block *block, const InstForm &form)
     return readoperands(instruction, block, form);
 }
 
-// ["exact"] operands. Casting the left operand flips the type that it may share with the right one.
+// ["exact"] operands. The cast of the left operand flips a type record that the right one may share.
 Inst *readdivision(Inst *instruction, Block *block, const InstForm &form)
 {
     Token t;
@@ -191,7 +191,7 @@ Inst *readdivision(Inst *instruction, Block *block, const InstForm &form)
     return instruction;
 }
 
-// type value "to" type: the inner cast states how the extension reads the operand.
+// type value "to" type: the inner cast sets the signedness of the operand.
 Inst *readextension(Inst *instruction, Block *block, const InstForm &form)
 {
     Type *source = readtype();
@@ -217,7 +217,7 @@ Inst *readconversion(Inst *instruction, Block *block, const InstForm &form)
     return instruction;
 }
 
-// type value "to" type; a byte cut to a bool stays as it is.
+// type value "to" type; a byte truncated to a bool stays as it is.
 Inst *readtruncation(Inst *instruction, Block *block, const InstForm &form)
 {
     Type *source = readtype();
@@ -346,7 +346,7 @@ Inst *readinvokevalue(Inst *instruction, Block *block, const InstForm & /*form*/
     return readinvoke(block, instruction);
 }
 
-// type value "," index; further indices are not looked at.
+// type value "," index; further indices are ignored.
 Inst *readextract(Inst *instruction, Block *block, const InstForm & /*form*/)
 {
     Expr *tree = newexpr(op::field, nullptr);
@@ -363,9 +363,7 @@ Inst *readextract(Inst *instruction, Block *block, const InstForm & /*form*/)
         report("unexpected type in extractvalue");
         return nullptr;
     }
-    Symbol *member = tree->left->type->members;
-    for (std::uint32_t place = number(tokentext(t)); place > 0 && member; --place)
-        member = member->next;
+    Symbol *member = memberat(tree->left->type, number(tokentext(t)));
     if (!member) {
         report("invalid index in extractvalue");
         return nullptr;
@@ -401,7 +399,7 @@ Inst *readphivalue(Inst *instruction, Block * /*block*/, const InstForm & /*form
     return readphi(instruction);
 }
 
-// The clauses of a landing pad stand on a line of their own.
+// The clauses of a landing pad are on a line of their own.
 Inst *readlandingpad(Inst *instruction, Block *block, const InstForm & /*form*/)
 {
     instruction->op = inst::nothing;
@@ -463,7 +461,7 @@ constexpr InstForm inst_forms[] = {
     {"insertvalue", dropinstruction},
 };
 
-// getelementptr and bitcast are terms; no type is read in front of them.
+// getelementptr and bitcast are terms without a type before them.
 Inst *readtermvalue(Inst *instruction, Block *block, const Token &word)
 {
     ungettoken(word);

@@ -1,8 +1,8 @@
 // The readers of the input: a line-oriented scanner and one reader for each construct of the text.
 //
 // A line reader returns 0, or non-zero after a reported failure. A reader of a construct returns null after a
-// reported failure or for an input that is dropped: the caller adds nothing and goes on with the next line. Whatever
-// stands on a line behind what a reader needs is never looked at.
+// reported failure or for an input that is dropped: the caller adds nothing and goes on with the next line. The rest of
+// a line after what a reader needs is ignored.
 #pragma once
 
 #include "model/model.h"
@@ -31,7 +31,7 @@ bool openinput(const char *name);
 // of the input and ever after; the input is closed then. A read error is reported.
 const char *nextline();
 
-// Scans one token and moves the cursor behind it. At the end of a line it gives token::end_of_line again and again.
+// Scans one token and moves the cursor past it. At the end of a line it gives token::end_of_line again and again.
 // A string without its closing quote is reported and ends with the line.
 void gettoken(Token &t);
 
@@ -41,7 +41,7 @@ void ungettoken(const Token &t);
 // Points the cursor at NUL-terminated text.
 void setcursor(const char *text);
 
-// Switches the report of strings without an end off or on. Returns whether one was met since the last call.
+// Switches the report of strings without an end off or on. Returns whether one was found since the last call.
 bool scanquietly(bool on);
 
 // Turns a string token into a name token without the quotes.
@@ -82,6 +82,8 @@ auto findword(const Token &t)
 bool expect(std::uint16_t code, const char *message);
 // The same for an identifier.
 bool expectword(std::string_view word, const char *message);
+// Takes an identifier and gives its name, or reports `message` and returns null.
+Name *expectname(const char *message);
 // Takes the next token only if its code is `code`.
 bool acceptif(std::uint16_t code);
 // Whether nothing is left on the line.
@@ -89,22 +91,22 @@ bool atend();
 
 // ---- Types (types.cpp) ------------------------------------------------------------------------------------------
 
-// Reads one type; the token behind it is left. Never null: a type that can't be read is reported and gives an int.
+// Reads one type; the token after it is left. Never null: a type that can't be read is reported and gives an int.
 Type *readtype();
-// The rest of a line that opens with `%`: name = type ...
+// The rest of a line that begins with `%`: name = type ...
 int readaggregateline();
 
 // ---- Module lines (globals.cpp) ---------------------------------------------------------------------------------
 
-int readgloballine();  // the rest of a line that opens with `@`
+int readgloballine();  // the rest of a line that begins with `@`
 int readdeclare();     // the rest of a `declare` line
-int readmetaline();    // the rest of a line that opens with `!`
+int readmetaline();    // the rest of a line that begins with `!`
 // Scans attribute words and returns the OR of their flags; the first other token is left.
 std::uint32_t readwords();
 
 // ---- Operands (terms.cpp) ---------------------------------------------------------------------------------------
 
-// Reads one operand; never null. `type` is its type, null if the type stands in front of it in the text. With a
+// Reads one operand; never null. `type` is its type, null if the text has the type before it. With a
 // `block`, locals are replaced by the trees that define them; without, they stay leaves of code leaf::local.
 Expr *readterm(Type *type, Block *block);
 
@@ -113,7 +115,7 @@ Expr *readterm(Type *type, Block *block);
 // The right-hand side of `%name = ...`; `name` is null where only the tree is wanted.
 Inst *readinst(Name *name, Block *block);
 Inst *readstore(Block *block);
-// A cast of `operand` whose type record gets the other signedness, for all nodes that hold it.
+// A cast of `operand` to its own type record, which gets the other signedness, also in all other nodes that have it.
 Expr *forcesign(Expr *operand);
 
 // ---- Calls (calls.cpp) ------------------------------------------------------------------------------------------
@@ -121,14 +123,14 @@ Expr *forcesign(Expr *operand);
 // What follows the words `call` and `invoke`. `instruction` is the Inst of a value line; null makes a statement.
 Inst *readcall(Block *block, Inst *instruction);
 Inst *readinvoke(Block *block, Inst *instruction);
-// Takes the marker in front of the word `call`, if `t` is one; `t` is then that word. Returns false after a report.
+// Takes the marker before the word `call`, if `t` is one; `t` is then that word. Returns false after a report.
 bool skiptailmarker(Token &t);
 // One argument of a call.
 Expr *readparam(Block *block);
 // One parameter of a function header; unnamed ones are numbered from unnamed_params.
 Symbol *readparam();
 extern std::uint32_t unnamed_params;
-// Takes the token behind a parameter of a declaration or a header. Returns whether the list has ended, at ")" or with
+// Takes the token after a parameter of a declaration or a header. Returns whether the list has ended, at ")" or with
 // the line; anything but a comma is reported.
 bool endsparams();
 extern bool after_invoke;  // an invoke was read and its `to` line is due
@@ -144,4 +146,4 @@ Inst *readphi(Inst *instruction);
 
 // ---- Functions (functions.cpp) ----------------------------------------------------------------------------------
 
-int readdefine();  // from behind the word `define` to the closing brace
+int readdefine();  // from after the word `define` to the closing brace

@@ -23,11 +23,11 @@ FILE *in;
 bool in_ended;                       // the file has no more bytes
 constinit std::vector<char> window;  // bytes of the input; one spare byte for a terminator
 std::size_t window_next;             // first byte not yet delivered
-std::size_t window_end;              // behind the last byte
-char held;                           // the byte that the terminator of the current line stands on
+std::size_t window_end;              // end of the bytes
+char held;                           // the byte that the terminator of the current line has replaced
 const char *cursor = "";
 const char *last_text;    // the token that was scanned last, null for none
-const char *last_end;     // behind it
+const char *last_end;     // its end
 std::uint16_t last_code;  // of it
 
 void movecursor(const char *text)
@@ -36,7 +36,7 @@ void movecursor(const char *text)
     last_text = nullptr;
 }
 
-// Moves the rest to the front of the window and reads behind it.
+// Moves the rest to the start of the window and fills the window up.
 void refill()
 {
     std::memmove(window.data(), window.data() + window_next, window_end - window_next);
@@ -45,6 +45,7 @@ void refill()
     const std::size_t got = std::fread(window.data() + window_end, 1, window.size() - 1 - window_end, in);
     window_end += got;
     in_ended = got == 0;
+    leaveifinterrupted();
 }
 
 void closeinput()
@@ -64,6 +65,8 @@ bool openinput(const char *name)
     if (std::filesystem::is_directory(name, error))
         return false;
     in = std::fopen(name, "r");
+    if (!in)
+        leaveifinterrupted();
     window.resize(block_size + 1);
     return in != nullptr;
 }
@@ -72,7 +75,8 @@ const char *nextline()
 {
     if (!in)
         return nullptr;
-    window[window_next] = held;  // take the terminator of the line before back out
+    leaveifinterrupted();
+    window[window_next] = held;  // undo the terminator of the line before
     while (!in_ended && window_end - window_next < longest_line)
         refill();
     const std::size_t left = window_end - window_next;
@@ -100,7 +104,7 @@ namespace {
 constexpr std::uint8_t is_space = 1;
 constexpr std::uint8_t is_digit = 2;
 constexpr std::uint8_t is_hex = 4;
-constexpr std::uint8_t opens_word = 8;       // letter, _ and .
+constexpr std::uint8_t starts_word = 8;      // letter, _ and .
 constexpr std::uint8_t continues_word = 16;  // these, digits and -
 constexpr std::uint8_t continues_operator = 64;
 constexpr std::uint8_t continues_number = 32;  // digits . e + -
@@ -117,7 +121,7 @@ constexpr std::array<std::uint8_t, 256> makeclasses()
     addclass(classes, " \t\n\v\f\r", is_space);
     addclass(classes, "0123456789", is_digit | is_hex | continues_word | continues_number);
     addclass(classes, "abcdefABCDEF", is_hex);
-    addclass(classes, "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_.", opens_word | continues_word);
+    addclass(classes, "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_.", starts_word | continues_word);
     addclass(classes, "-", continues_word);
     addclass(classes, "=><+-&|#", continues_operator);
     addclass(classes, ".e+-", continues_number);
@@ -161,7 +165,7 @@ std::size_t stringunit(const char *at)
     return at[1] != '\0' && std::strchr("\"'?\\abfnrtv", at[1]) ? 2 : 1;
 }
 
-bool quiet;       // strings without an end are only noted
+bool quiet;       // strings without an end are noted, not reported
 bool unbalanced;  // one was noted
 
 void reportunbalanced(char quote)
@@ -171,7 +175,7 @@ void reportunbalanced(char quote)
         report("unbalanced %c", static_cast<unsigned char>(quote));
 }
 
-// The end of the string that opens at `at`.
+// The end of the string that starts at `at`.
 const char *stringend(const char *at)
 {
     const char quote = *at++;
@@ -188,7 +192,6 @@ struct Operator {
     std::uint16_t code;
 };
 
-// Longer operators stand in front of their own beginnings.
 constexpr Operator operators[] = {
     {",", token::comma},
     {"%", token::percent},
@@ -266,8 +269,8 @@ std::size_t scanoperator(const char *at, std::uint16_t &code)
     return length;
 }
 
-// What a token can be, by its first character. A plain one is known by it: a word, a number, or an operator that no
-// other one begins with.
+// What a token can be, by its first character. That of a plain token decides: a word, a number, or an operator that is
+// no prefix of another one.
 enum class Start : std::uint8_t { plain, longer, letter_c, dot, zero, minus, quote, comment, end };
 
 struct Opening {
@@ -280,7 +283,7 @@ constexpr std::array<Opening, 256> makeopenings()
 {
     std::array<Opening, 256> openings{};
     for (std::size_t c = 0; c < openings.size(); ++c) {
-        if (classes[c] & opens_word)
+        if (classes[c] & starts_word)
             openings[c] = {Start::plain, continues_word, token::identifier};
         else if (classes[c] & is_digit)
             openings[c] = {Start::plain, continues_number, token::number};
@@ -309,13 +312,13 @@ const Opening &openingof(char c)
     return openings[static_cast<unsigned char>(c)];
 }
 
-// The end of the token that opens at `at`, if nothing but its first character matters.
+// The end of the token that starts at `at`, if nothing but its first character matters.
 const char *plainend(const char *at, const Opening &opening)
 {
     return skipwhile(at + 1, opening.continues);
 }
 
-// Sets the code of the token that opens at t.text and returns its end; a c"..." string drops its c.
+// Sets the code of the token that starts at t.text and returns its end; a c"..." string loses its c.
 const char *scantoken(Token &t, const char *at, const Opening &opening)
 {
     t.code = opening.code;
@@ -359,8 +362,8 @@ void endtoken(Token &t, const char *end)
     last_code = t.code;
 }
 
-// What gettoken() does about tokens that are not plain, the smaller part. It stays a function of its own: all its
-// registers would have to be saved for the others as well.
+// gettoken() for the tokens that are not plain, which are fewer. Not inlined: its registers would have to be saved for
+// the plain ones too.
 [[gnu::noinline]] void scanother(Token &t, const char *at, const Opening &opening)
 {
     const bool comment = opening.start == Start::comment;
@@ -375,7 +378,7 @@ void endtoken(Token &t, const char *end)
         return;
     }
     endtoken(t, scantoken(t, at, opening));
-    // Strings are scanned again: a fault in one is met each time.
+    // Strings are scanned again: a fault in one is reported each time.
     if (t.code == token::string)
         last_text = nullptr;
 }
@@ -454,6 +457,16 @@ bool expectword(std::string_view word, const char *message)
         return true;
     report(message);
     return false;
+}
+
+Name *expectname(const char *message)
+{
+    Token t;
+    gettoken(t);
+    if (t.code == token::identifier)
+        return intern(tokentext(t));
+    report(message);
+    return nullptr;
 }
 
 bool acceptif(std::uint16_t code)

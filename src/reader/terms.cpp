@@ -4,6 +4,7 @@
 #include "reader/reader.h"
 
 #include "base/base.h"
+#include "frontend/frontend.h"
 
 namespace {
 
@@ -14,7 +15,7 @@ Expr *makeleaf(Expr *node, std::uint8_t code, std::string_view text)
     return node;
 }
 
-// The name behind `@` or `%`; what doesn't fit is reported and its text taken.
+// The name after `@` or `%`; any other token is reported and its text used.
 std::string_view operandname(bool numbers, const char *message)
 {
     Token t;
@@ -41,20 +42,19 @@ Expr *readglobal(Expr *node)
     return address;
 }
 
-// "%" name: the slot %x.addr of a parameter has the handle of %x and is told apart by the mark in the leaf.
+// "%" name: the slot %x.addr of a parameter has the name of %x and a mark in the leaf.
 Expr *readlocal(Expr *node, Block *block)
 {
-    constexpr std::string_view suffix = ".addr";
     std::string_view text = operandname(true, "invalid local name in term");
-    if (text.size() > suffix.size() && text.ends_with(suffix)) {
-        text.remove_suffix(suffix.size());
+    if (text.size() > slot_suffix.size() && text.ends_with(slot_suffix)) {
+        text.remove_suffix(slot_suffix.size());
         node->slot = block != nullptr;
     }
     makeleaf(node, leaf::local, text);
     if (!block)
         return node;
     Expr *tree = substitute(node, block);
-    // What substitution made to hold the leaf was made behind it, and then the leaf stays.
+    // A node that substitution made to hold the leaf is newer, and then the leaf stays.
     if (tree != node)
         dropexpr(node);
     return tree;
@@ -73,7 +73,7 @@ bool iszero(const Expr *expr)
     return isleaf(expr, leaf::number) && number(nametext(expr->value)) == 0;
 }
 
-// The state of a getelementptr: the tree so far, and the type that its last step led to.
+// The state of a getelementptr: the tree so far, and the type that its last step reached.
 struct AddressWalk {
     Expr *node;
     Type *type;  // never null
@@ -92,9 +92,7 @@ void stepfield(AddressWalk &walk, Expr *index)
         report(message);
         index = newnumber("0");
     }
-    Symbol *member = walk.type->members;
-    for (std::uint32_t place = number(nametext(index->value)); place > 0 && member; --place)
-        member = member->next;
+    Symbol *member = memberat(walk.type, number(nametext(index->value)));
     if (!member)
         report(message);
     index->symbol = member;
@@ -104,7 +102,7 @@ void stepfield(AddressWalk &walk, Expr *index)
     walk.node->type = walk.type;
 }
 
-// The first zero index of a pointer: the thing that it points to. The address of a thing gives way to the thing.
+// A zero index of a pointer: a dereference, which cancels an address-of.
 void stepthrough(AddressWalk &walk)
 {
     Ref<Expr> &base = walk.node->left;
@@ -143,7 +141,7 @@ void step(AddressWalk &walk, Expr *index)
         stepindex(walk, index);
 }
 
-// Takes the token of an index list that decides whether an index follows; `!` opens metadata and ends the list.
+// Takes the next token of an index list. Returns whether an index follows: `!` begins metadata, which ends the list.
 bool opensindex(Token &t)
 {
     do
@@ -208,8 +206,8 @@ Expr *readpointercast(Expr *node, Block *block)
     return readcast(node, block, "missing to in inttoptr/ptrtoint");
 }
 
-// A tree that stands in a list already gives a copy of its node: an element of a constant in a function can be the
-// tree of a value that is used elsewhere.
+// The element, or a copy of its node if that is linked in a list already: an element of a constant in a function can be
+// the tree of a value that is used elsewhere.
 Expr *unlinked(Expr *element, const List<Expr> &elements)
 {
     if (!element->next && element != elements.tail)
@@ -220,21 +218,33 @@ Expr *unlinked(Expr *element, const List<Expr> &elements)
     return copy;
 }
 
-// One element for each member: type value { "," type value } "}"
+// Reads an element that the line has ended before, for its reports alone: a type can have far more members than the
+// line has characters, so nothing is kept.
+void readmissing()
+{
+    const Expr *element = readterm(nullptr, nullptr);
+    const Type *type = element->type;
+    dropexpr(element);
+    droptype(type);
+}
+
+// One element for each member, also if the line ends early: type value { "," type value } "}"
 Expr *readaggregateconstant(Expr *node, Block *block)
 {
     node->leaf = leaf::aggregate;
     List<Expr> elements{};
     for (const Symbol *member = node->type->members; member; member = member->next) {
-        Expr *element = unlinked(readterm(nullptr, block), elements);
-        append(elements, element);
-        note_initref(element);
+        if (atend()) {
+            readmissing();
+        } else {
+            Expr *element = unlinked(readterm(nullptr, block), elements);
+            append(elements, element);
+            note_initref(element);
+        }
         Token t;
         gettoken(t);
         if (t.code != (member->next ? token::comma : token::right_brace))
             report("invalid cstr token %.*s", tokentext(t));
-        if (t.code == token::end_of_line)
-            break;
     }
     node->list = elements.head;
     return node;

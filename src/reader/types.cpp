@@ -1,19 +1,18 @@
 // Types and aggregate definitions.
 //
 // An aggregate may be named before it is defined. The list of aggregates must end up in an order in which the C
-// structures can be printed one after the other, so what a definition names for the first time is kept apart and put
-// in front of it:
+// structures can be printed one after the other, so what a definition names for the first time is kept apart and
+// inserted before it:
 //
 //     %struct.a = type { %struct.b*, %struct.c }      forward: c, b
-//     %struct.b = type { i16 }                        aggregates: b, c, a; b is filled in where it stands
+//     %struct.b = type { i16 }                        aggregates: b, c, a; b is filled in in its place
 
 #include "reader/reader.h"
 
 #include "base/base.h"
+#include "frontend/frontend.h"
 
 #include <string>
-#include <unordered_map>
-#include <utility>
 #include <vector>
 
 // ---- Types ------------------------------------------------------------------------------------------------------
@@ -40,7 +39,7 @@ Type *makenode(std::uint8_t code, Type *sub)
     return type;
 }
 
-// "f0", "f1", ... for the members of a structure in order.
+// The names "f0", "f1", ... of the members of a structure, by position.
 Name *membername(std::uint32_t place)
 {
     static std::vector<Name *> names;
@@ -64,12 +63,12 @@ Symbol *namedaggregate(Name *name)
     return symbol;
 }
 
-// ---- Open types: a line can nest types as deep as it is long, so what is open is kept on a stack of its own.
+// ---- Open types: a line can nest types as deep as it is long, so the reader keeps its own stack.
 
 // A type that is read up to one of its parts.
 struct OpenType {
     enum class Form : std::uint8_t { array, structure, parameters } form;
-    bool ended;  // parameters: the line has ended in front of the part being read
+    bool ended;  // parameters: the line has ended before the part being read
     Type *type;
     List<Symbol> parts{};  // members or parameters
     std::uint32_t place = 0;
@@ -77,7 +76,7 @@ struct OpenType {
 
 constinit std::vector<OpenType> open_types;
 
-// "[" number "x" from behind the bracket.
+// "[" number "x" from after the bracket.
 void openarray()
 {
     Type *array = makenode(kind::array, nullptr);
@@ -91,7 +90,7 @@ void openarray()
     open_types.push_back({OpenType::Form::array, false, array});
 }
 
-// "{" from behind the brace. Returns the type if it ends at once.
+// "{" from after the brace. Returns the type if it ends at once.
 Type *openstructure()
 {
     Type *structure = makenode(kind::structure, nullptr);
@@ -102,8 +101,8 @@ Type *openstructure()
     return nullptr;
 }
 
-// Takes the token in front of a parameter: the end of the list, a comma, which is not insisted on, or nothing. Returns
-// whether the list has ended; readtype() reports the parameter that is missing at the end of a line.
+// Takes the token before a parameter: the end of the list, or a comma, which is optional. Returns whether the list has
+// ended; readtype() reports the parameter that is missing at the end of a line.
 bool endsparameters(OpenType &open)
 {
     Token t;
@@ -116,7 +115,7 @@ bool endsparameters(OpenType &open)
     return false;
 }
 
-// "(" from behind the parenthesis. Returns the type if the list is empty.
+// "(" from after the parenthesis. Returns the type if the list is empty.
 Type *openparameters(Type *result)
 {
     OpenType open{OpenType::Form::parameters, false, makenode(kind::function, result)};
@@ -126,7 +125,8 @@ Type *openparameters(Type *result)
     return nullptr;
 }
 
-// Takes the token behind a member. Returns whether the list has ended; what doesn't fit is reported and clears `clean`.
+// Takes the token after a member. Returns whether the list has ended; any token but a comma and the closing brace is
+// reported and clears `clean`.
 bool endsmembers(const char *message, bool &clean)
 {
     Token t;
@@ -196,7 +196,7 @@ Type *readbasetype(const Token &t)
     return makenode(kind::int16, nullptr);
 }
 
-// The name behind "%", plain or quoted.
+// The name after "%", plain or quoted.
 bool readaggregatename(Token &t)
 {
     gettoken(t);
@@ -230,7 +230,7 @@ Type *readhead()
     }
 }
 
-// Any number of "*" and parameter lists behind a type; null if one is open, whose first parameter comes next.
+// Any number of "*" and parameter lists after a type; null if a list is open, whose first parameter comes next.
 Type *readsuffixes(Type *type)
 {
     while (type) {
@@ -276,9 +276,9 @@ struct AggregatePrefix {
 };
 
 constexpr AggregatePrefix aggregate_prefixes[] = {
-    {"struct.", kind::structure},
-    {"class.", kind::structure},
-    {"union.", kind::union_},
+    {tag_prefixes::structure, kind::structure},
+    {tag_prefixes::class_, kind::structure},
+    {tag_prefixes::union_, kind::union_},
 };
 
 void pushforward(Symbol *symbol)
@@ -304,9 +304,9 @@ void insertaggregate(Symbol *symbol, Symbol *before)
         symbol->name->aggregate = symbol;
 }
 
-// Everything that was named and not placed goes in front of `definition`, the newest first and each further one in
-// front of it: in the order of the naming.
-void drainforward(Symbol *definition)
+// Inserts all aggregates that were named and not placed before `definition`. The list has the newest first, and each
+// goes before the last one inserted, so they end up in the order of their first mention.
+void placeforwards(Symbol *definition)
 {
     Symbol *before = definition;
     while (Symbol *symbol = forward_aggregates) {
@@ -341,7 +341,7 @@ void addaggregate(Symbol *symbol)
     } else {
         report("redeclared aggregate %s", symbol->name->text);
     }
-    drainforward(placed);
+    placeforwards(placed);
 }
 
 // type { "," type } "}", read from the first type on. Returns false after a report.
@@ -359,7 +359,7 @@ bool readmembers(Type *aggregate)
     return clean;
 }
 
-// "{" [members] behind the word `type`; `t` is the token at hand. Returns false after a report.
+// "{" [members] after the word `type`; `t` is the current token. Returns false after a report.
 bool readbody(Type *aggregate, const Token &t)
 {
     bool clean = true;

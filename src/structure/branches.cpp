@@ -1,10 +1,11 @@
-// Loops and branches: the label dispatch at the start of each block, which writes braces, `else`, `do`, `default:` and
-// labels, and the handlers of the branches, which write the heads of constructs and the jumps.
+// Loops and branches: the dispatch by label at the start of each block, which writes braces, `else`, `do`, `default:`
+// and labels, and the handlers of the branches, which write the heads of constructs and the jumps.
 
 #include "structure/structure.h"
 
 #include "base/base.h"
 #include "emit/emit.h"
+#include "frontend/frontend.h"
 
 #include <algorithm>
 
@@ -13,9 +14,9 @@ namespace {
 // What the last jump was; not reset between functions.
 enum class GotoState : std::uint8_t {
     none,
-    leaves_then,  // the jump at hand is a goto out of an if.then block
+    leaves_then,  // the current jump is a goto out of an if.then block
     left_then,    // the last one was
-    leaves_else,  // the jump at hand is a goto out of an if.else block right behind such a one
+    leaves_else,  // the current jump is a goto out of an if.else block directly after such a one
 };
 
 GotoState gotostate = GotoState::none;
@@ -38,11 +39,12 @@ void outhead(std::string_view head, Expr *condition, std::string_view tail, bool
 
 bool isbodylabel(const Block *block)
 {
-    return labelbegins(block, "if.then") || labelbegins(block, "while.body") || labelbegins(block, "for.body");
+    return labelbegins(block, labels::if_then) || labelbegins(block, labels::while_body) ||
+           labelbegins(block, labels::for_body);
 }
 
-// A body opens its brace, or is the empty statement of a loop on itself.
-void rowbody(WalkState &state)
+// The start of a body: its brace, or the empty statement of a loop whose body is empty.
+void openbody(WalkState &state)
 {
     if (state.block->label->text[0] == 'w' && !state.whilehead)
         outline("for (;;)");
@@ -60,23 +62,24 @@ void rowbody(WalkState &state)
 // A for.cond block without a condition of its own: the loop is endless.
 bool isendlesshead(const Block *block)
 {
-    return labelbegins(block, "for.cond") && !endsin(block, inst::for_branch) && !endsin(block, inst::chain_branch);
+    return labelbegins(block, labels::for_cond) && !endsin(block, inst::for_branch) &&
+           !endsin(block, inst::chain_branch);
 }
 
-void rowendless(WalkState & /*state*/)
+void openendless(WalkState & /*state*/)
 {
     outline("for (;;)");
     openbrace();
 }
 
-void rowdo(WalkState &state)
+void opendo(WalkState &state)
 {
     outline("do\t{");
     ++indent_depth;
     state.dotail = false;
 }
 
-void rowdoend(WalkState &state)
+void closedo(WalkState &state)
 {
     if (!state.dotail) {
         closebrace();
@@ -85,17 +88,17 @@ void rowdoend(WalkState &state)
     state.dotail = false;
 }
 
-void rowelse(WalkState & /*state*/)
+void openelse(WalkState & /*state*/)
 {
     closebrace();
     outline("else");
     openbrace();
 }
 
-// Case labels that the end of a switch has got stand inside the braces, with a way out behind them.
-void rowend(WalkState &state)
+// The end of a switch can be the target of cases: their labels go inside the braces, followed by a `break`.
+void closeconstruct(WalkState &state)
 {
-    if (state.inst && state.inst->op == inst::case_label && labelbegins(state.block, "sw.epilog")) {
+    if (state.inst && state.inst->op == inst::case_label && labelbegins(state.block, labels::switch_end)) {
         for (; state.inst && state.inst->op == inst::case_label; state.inst = state.inst->next)
             handlecase(state);
         outline("break;");
@@ -103,7 +106,7 @@ void rowend(WalkState &state)
     closebrace();
 }
 
-void rowdefault(WalkState & /*state*/)
+void outdefault(WalkState & /*state*/)
 {
     --indent_depth;
     outline("default:");
@@ -112,28 +115,28 @@ void rowdefault(WalkState & /*state*/)
 
 bool isconstructend(const Block *block)
 {
-    return labelbegins(block, "if.end") || labelbegins(block, "while.end") || labelbegins(block, "for.end") ||
-           labelbegins(block, "sw.epilog");
+    return labelbegins(block, labels::if_end) || labelbegins(block, labels::while_end) ||
+           labelbegins(block, labels::for_end) || labelbegins(block, labels::switch_end);
 }
 
 bool isdobody(const Block *block)
 {
-    return labelbegins(block, "do.body");
+    return labelbegins(block, labels::do_body);
 }
 
 bool isdoend(const Block *block)
 {
-    return labelbegins(block, "do.end");
+    return labelbegins(block, labels::do_end);
 }
 
 bool iselse(const Block *block)
 {
-    return labelbegins(block, "if.else");
+    return labelbegins(block, labels::if_else);
 }
 
 bool isdefault(const Block *block)
 {
-    return labelbegins(block, "sw.default");
+    return labelbegins(block, labels::switch_default);
 }
 
 bool isplain(const Block *block)
@@ -146,10 +149,10 @@ struct DispatchRow {
     void (*act)(WalkState &state);
 };
 
-// The first row that fits is carried out.
+// The first row that fits is used.
 constexpr DispatchRow dispatch_rows[] = {
-    {isbodylabel, rowbody}, {isendlesshead, rowendless}, {isdobody, rowdo},       {isdoend, rowdoend},
-    {iselse, rowelse},      {isconstructend, rowend},    {isdefault, rowdefault}, {isplain, outplainlabel},
+    {isbodylabel, openbody}, {isendlesshead, openendless},     {isdobody, opendo},      {isdoend, closedo},
+    {iselse, openelse},      {isconstructend, closeconstruct}, {isdefault, outdefault}, {isplain, outplainlabel},
 };
 
 }  // namespace
@@ -183,8 +186,8 @@ void negate(Ref<Expr> &condition)
 
 }  // namespace
 
-// The branch of an `if`; in a join it ends the chain of its condition. The body is what follows, so a branch that goes
-// elsewhere on true is negated.
+// The branch of an `if`; in a join it ends the chain of its condition. The body is the next block, so a branch that
+// goes elsewhere on true is negated.
 void handleif(WalkState &state)
 {
     if (state.joinstate != join::none) {
@@ -225,11 +228,11 @@ void indexincrements(WalkState &state)
 {
     state.increments_indexed = true;
     for (Block *block = state.firstblock; block; block = block->next)
-        if (labelbegins(block, "for.inc") && endsin(block, inst::jump) && block->last->name)
+        if (labelbegins(block, labels::for_inc) && endsin(block, inst::jump) && block->last->name)
             state.increments[block->last->name].push_back(block);
 }
 
-// The first for.inc block behind the head that leads back to it, or null.
+// The first for.inc block after the head that branches back to it, or null.
 Block *incrementblock(WalkState &state)
 {
     if (!state.block->label)
@@ -243,7 +246,7 @@ Block *incrementblock(WalkState &state)
     auto at = std::partition_point(blocks.begin(), blocks.end(),
                                    [&state](const Block *block) { return block->position <= state.block->position; });
     for (; at != blocks.end(); ++at)
-        if (labelbegins(*at, "for.inc") && (*at)->last->name == state.block->label)
+        if (labelbegins(*at, labels::for_inc) && (*at)->last->name == state.block->label)
             return *at;
     return nullptr;
 }
@@ -285,31 +288,13 @@ void handlefor(WalkState &state)
 
 // ---- switch -----------------------------------------------------------------------------------------------------
 
-namespace {
-
-// The first block behind the current one with the label, or null.
-Block *blockbehind(const WalkState &state, const Name *label)
-{
-    const LocalName *local = label ? findlocal(label) : nullptr;
-    if (!local)
-        return nullptr;
-    const auto &blocks = local->blocks;
-    auto at = std::partition_point(blocks.begin(), blocks.end(),
-                                   [&state](const Block *block) { return block->position <= state.block->position; });
-    while (at != blocks.end() && ((*at)->label != label || (*at)->removed))
-        ++at;
-    return at == blocks.end() ? nullptr : *at;
-}
-
-}  // namespace
-
 // Each case becomes an Inst at the front of its target block.
 void handleswitch(WalkState &state)
 {
     outhead("switch (", state.inst->expr, ")\n");
     openbrace();
     for (Expr *value = state.inst->cases; value; value = value->next) {
-        Block *target = blockbehind(state, value->label);
+        Block *target = blockfrom(state.block->position + 1, value->label);
         if (!target)
             continue;
         Inst *label = newinst();
@@ -333,13 +318,13 @@ void handlecase(WalkState &state)
 
 namespace {
 
-// A branch around the blocks up to `jointarget`, which the blocks in between all run into:
+// A branch around the blocks up to `jointarget`, each of which ends in a jump to the next:
 //
 //     br i1 %c, label %guard.end, label %guard.body      if (!c)
 //     guard.body: ...  br label %guard.end                   {
 //     guard.end:                                             ... }
 //
-// `count` says in bit 0 whether the condition is written as it is; the rest counts the blocks passed.
+// Bit 0 of `count` is set if the condition is written without a `!`; the other bits count the blocks passed.
 struct OtherBranch {
     Block *chainblock;
     const Name *jointarget;
@@ -349,7 +334,7 @@ struct OtherBranch {
 constexpr unsigned plain_condition = 1;
 constexpr unsigned one_block = 2;
 
-// Which way the branch goes; without a chain block after a report.
+// Which of the targets is the next block; without a chain block after a report.
 OtherBranch openother(const WalkState &state)
 {
     Block *next = state.block->next;
@@ -366,15 +351,15 @@ OtherBranch openother(const WalkState &state)
     return {};
 }
 
-// Whether the block ends in a second branch of the same shape: to the join target or the block behind it.
+// Whether the block ends in a second branch of the same kind: to the join target or to the next block.
 bool branchesalike(const Block *block, const Name *jointarget)
 {
     if (!endsin(block, inst::other_branch))
         return false;
     const Expr *pair = branchpair(block->last);
-    const Name *behind = block->next->label;
-    return (pair->true_label == jointarget && pair->false_label == behind) ||
-           (pair->true_label == behind && pair->false_label == jointarget);
+    const Name *next = block->next->label;
+    return (pair->true_label == jointarget && pair->false_label == next) ||
+           (pair->true_label == next && pair->false_label == jointarget);
 }
 
 void outotherhead(WalkState &state, unsigned count)
@@ -383,13 +368,13 @@ void outotherhead(WalkState &state, unsigned count)
         outhead("if (", state.inst->expr, ")\n");
     else
         outhead("if (!", state.inst->expr, ")\n", true);
-    if (!labelbegins(state.block->next, "if.then"))
+    if (!labelbegins(state.block->next, labels::if_then))
         openbrace();
     if (state.closecount == 0)
         state.closecount = static_cast<int>(count / one_block) + 2;
 }
 
-// Takes one step along the chain. Returns false when the search has ended, with or without a head.
+// One step along the chain. Returns false at its end, where the head is written, or after a report.
 bool stepother(WalkState &state, OtherBranch &branch)
 {
     if (!branch.chainblock->next) {
@@ -406,12 +391,12 @@ bool stepother(WalkState &state, OtherBranch &branch)
             return false;
         }
     }
-    const Name *behind = branch.chainblock->next->label;
-    if (!endsin(branch.chainblock, inst::jump) || !behind || branch.chainblock->last->name != behind) {
+    const Name *next = branch.chainblock->next->label;
+    if (!endsin(branch.chainblock, inst::jump) || !next || branch.chainblock->last->name != next) {
         report("unexpected blocks in other branch");
         return false;
     }
-    if (behind == branch.jointarget) {
+    if (next == branch.jointarget) {
         outotherhead(state, branch.count);
         return false;
     }
@@ -436,7 +421,7 @@ void handleother(WalkState &state)
 
 namespace {
 
-// The end of the handler of every jump but one that turned into a return.
+// Ends the handling of every jump but one that became a return.
 void finishjump(WalkState &state)
 {
     gotostate = gotostate == GotoState::leaves_then ? GotoState::left_then : GotoState::none;
@@ -445,11 +430,11 @@ void finishjump(WalkState &state)
 
 bool leavesloop(const Name *target)
 {
-    return namebegins(target, "while.end") || namebegins(target, "for.end") || namebegins(target, "do.end") ||
-           namebegins(target, "sw.epilog");
+    return namebegins(target, labels::while_end) || namebegins(target, labels::for_end) ||
+           namebegins(target, labels::do_end) || namebegins(target, labels::switch_end);
 }
 
-// `return;` where nothing else stands behind the construct, else `break;`
+// `return;` if nothing else follows the construct, else `break;`
 void outbreak(const WalkState &state, const Name *target)
 {
     const Block *end = findblock(state.block, target);
@@ -462,15 +447,16 @@ bool iscontinue(const Block *next, const Name *target)
 {
     if (!next || next->label == target)
         return false;
-    if (namebegins(target, "while.cond"))
-        return !labelbegins(next, "while.end");
-    return namebegins(target, "for.inc") || namebegins(target, "do.cond");
+    if (namebegins(target, labels::while_cond))
+        return !labelbegins(next, labels::while_end);
+    return namebegins(target, labels::for_inc) || namebegins(target, labels::do_cond);
 }
 
 // A jump to the block `return` repeats its return statement. Returns false if that block has none.
 bool jumpstoreturn(WalkState &state, const Name *target)
 {
-    if (labelbegins(state.block, "if.else") && labelbegins(state.block->next, "if.else") && state.closecount == 0) {
+    if (labelbegins(state.block, labels::if_else) && labelbegins(state.block->next, labels::if_else) &&
+        state.closecount == 0) {
         state.closecount = 1;
         state.closers = 1;
     }
@@ -484,13 +470,13 @@ bool jumpstoreturn(WalkState &state, const Name *target)
 
 void notegoto(const Block *block)
 {
-    if (labelbegins(block, "if.then"))
+    if (labelbegins(block, labels::if_then))
         gotostate = GotoState::leaves_then;
-    else if (labelbegins(block, "if.else") && gotostate == GotoState::left_then)
+    else if (labelbegins(block, labels::if_else) && gotostate == GotoState::left_then)
         gotostate = GotoState::leaves_else;
 }
 
-// A jump to a label of the source. Returns true if it turned into a return.
+// A jump to a label of the source. Returns true if it became a return.
 bool jumptolabel(WalkState &state, const Name *target)
 {
     if (nametext(target) != "return")
@@ -501,7 +487,7 @@ bool jumptolabel(WalkState &state, const Name *target)
     outtext("goto _");
     outtext(nametext(target));
     outtext("_;\n");
-    // Both arms have left by goto: no if.end block will close the second.
+    // Both arms end in a goto: no if.end block closes the second.
     if (gotostate == GotoState::leaves_else)
         closebrace();
     return false;
@@ -516,7 +502,7 @@ void handlejump(WalkState &state)
     if (state.joinstate != join::none) {
         handlejoinjump(state);
     } else if (!target) {
-        // Prepared as the branch of a chain that is over.
+        // It was prepared as the branch of a chain, which has ended.
     } else if (leavesloop(target)) {
         outbreak(state, target);
     } else if (iscontinue(next, target)) {

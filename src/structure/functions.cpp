@@ -18,20 +18,20 @@ bool isinline(const Symbol *function)
 
 namespace {
 
-// A walk goes through the list until it finds an inline function F with an inline callee behind it, moves the callee
-// in front of F and starts anew, once for each move. What stands in front of F has no callee behind it, and a move
-// changes nothing about that: the next walk comes to the moved function first and to F after it. So one walk is
-// enough that stays at the place of each move. Each function is settled when the walk has passed it; the names that
-// it calls are looked at once, since what is settled stays in front.
+// The order is defined by walks through the list, each up to the first inline function F with an inline callee after
+// it: the callee is moved before F, and the next walk starts at the head. A function before F has no callee after it,
+// and no move changes that: the next walk comes to the moved function first and to F after it. So one walk is enough
+// that goes on at the place of each move. A function is settled when the walk has passed it; its calls are visited
+// once, since settled functions are never moved.
 struct InlineOrder {
-    std::unordered_map<const Symbol *, const Symbol *> next_call;  // where the look at a function's calls goes on
+    std::unordered_map<const Symbol *, const Symbol *> next_call;  // the call of a function to be visited next
     std::unordered_set<const Symbol *> settled;
-    // Functions by name, the first of the list last; those that are settled drop out from there.
+    // Functions by name, the first of the list last; settled ones are removed from the end.
     std::unordered_map<const Name *, std::vector<Symbol *>> named;
 };
 
-// The first function of the name behind `function`, or null. Everything that is not settled stands behind it.
-Symbol *functionbehind(InlineOrder &order, const Symbol *function, const Name *name)
+// The first function of the name after `function`, or null. All functions that are not settled are after it.
+Symbol *laterfunction(InlineOrder &order, const Symbol *function, const Name *name)
 {
     const auto entry = order.named.find(name);
     if (entry == order.named.end())
@@ -45,7 +45,7 @@ Symbol *functionbehind(InlineOrder &order, const Symbol *function, const Name *n
     return nullptr;
 }
 
-// The function has become the first of those that are not settled.
+// The function is the first now of those that are not settled.
 void movetofront(InlineOrder &order, Symbol *function)
 {
     std::vector<Symbol *> &candidates = order.named[function->name];
@@ -55,14 +55,14 @@ void movetofront(InlineOrder &order, Symbol *function)
     candidates.push_back(function);
 }
 
-// The first inline callee that stands behind an inline function, or null.
+// The first inline callee that comes after an inline function, or null.
 Symbol *misplacedcallee(InlineOrder &order, const Symbol *function)
 {
     if (!isinline(function))
         return nullptr;
     const Symbol *&call = order.next_call.try_emplace(function, function->calls).first->second;
     for (; call; call = call->next) {
-        Symbol *callee = functionbehind(order, function, call->name);
+        Symbol *callee = laterfunction(order, function, call->name);
         if (callee && isinline(callee))
             return callee;
     }
@@ -146,10 +146,14 @@ void outfunctions()
     outprogress("output functions\n");
     if (functions.head)
         outtext("/*\tfunctions definitions\n */\n");
-    for (const bool inline_pass : {true, false})
-        for (const Symbol *function = functions.head; function; function = function->next)
-            if (isinline(function) == inline_pass)
-                outfunction(function);
+    for (const bool inline_pass : {true, false}) {
+        for (const Symbol *function = functions.head; function; function = function->next) {
+            if (isinline(function) != inline_pass)
+                continue;
+            outfunction(function);
+            leaveifinterrupted();
+        }
+    }
 }
 
 // ---- Exception blocks -------------------------------------------------------------------------------------------
@@ -161,7 +165,7 @@ void marktarget(Block *block, const Name *label)
     findblock(block, label)->mark = mark::exception;
 }
 
-// Unlinks the exception block that `link` points to. What it leads to belongs to exception handling too.
+// Unlinks the exception block that `link` points to. Its targets belong to exception handling too.
 void markexception(Ref<Block> &link)
 {
     Block *block = link;

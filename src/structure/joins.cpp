@@ -1,9 +1,9 @@
 // Value joins: the blocks of `a && b`, `a || b` and `c ? x : y` folded back into one expression. While a join is open
-// its branches print nothing, its statements are held back, and each block's condition waits in its last Inst. At its
-// end the conditions are merged into one tree, which takes the place of a phi or of the condition of an `if`.
+// its branches print nothing, its statements are deferred, and each block's condition is kept in its last Inst. At its
+// end the conditions are merged into one tree, which replaces a phi or the condition of an `if`.
 //
-// The merge goes by the targets alone: of two neighbours, the same target on true is an or, the same target on false
-// is an and. For `if (a || (b && c))`:
+// The merge depends on the targets alone: two neighbours with the same target on true form an or, with the same target
+// on false an and. For `if (a || (b && c))`:
 //
 //     block            on true    on false
 //     entry         a  if.then    lor.lhs.false
@@ -41,10 +41,10 @@ void addcomma(Inst *instruction, Expr *&pending)
 {
     if (!pending)
         return;
-    Expr *both = newexpr(op::comma, pending->type);
-    both->left = pending;
-    both->right = instruction->expr;
-    instruction->expr = both;
+    Expr *sequence = newexpr(op::comma, pending->type);
+    sequence->left = pending;
+    sequence->right = instruction->expr;
+    instruction->expr = sequence;
     pending = nullptr;
 }
 
@@ -52,7 +52,7 @@ void addcomma(Inst *instruction, Expr *&pending)
 
 namespace {
 
-// Anything may get a `!` but a comparison, which would print as its opposite; x != 0 is no real comparison.
+// Whether a condition may get a `!`. A comparison may not, since it would print as its opposite; x != 0 counts as none.
 bool negatable(const Expr *expr)
 {
     if (!expr || !iscomparison(expr->op))
@@ -70,14 +70,14 @@ void negate(Inst *branch, Expr *pair)
 
 void combine(Inst *first, const Inst *second, std::uint8_t code)
 {
-    Expr *both = newexpr(code, exprtype(first->expr));
-    both->left = first->expr;
-    both->right = second->expr;
-    first->expr = both;
+    Expr *merged = newexpr(code, exprtype(first->expr));
+    merged->left = first->expr;
+    merged->right = second->expr;
+    first->expr = merged;
 }
 
-// Merges the condition of `c` into that of `a` if their targets allow it. A branch that is crossed against the other
-// gets a `!` first, after which it always fits.
+// Merges the condition of `c` into that of `a` if they have a target in common. If that is the true target of one and
+// the false target of the other, one condition is negated first.
 bool mergepair(Inst *a, Inst *c)
 {
     Expr *pa = branchpair(a);
@@ -112,13 +112,12 @@ Block *nextlive(const Block *block, Block *end)
     return next;
 }
 
-enum class Merge { over, failed, missing_pair };
-
-// All passes over the chain. Each merges the first neighbours from the left that fit, and what doesn't fit fits no
-// better in the next pass unless one of the two has changed. So a pass goes on where the one before has merged, one
-// neighbour back: `left` holds the blocks in front of that place, `right` those behind it that were looked at, the
-// nearest last; `frontier` is the last block that was looked at.
-Merge runpasses(Block *start, Block *end)
+// All passes over the chain. Each merges the first neighbours from the left that fit; a pair that doesn't fit is worth
+// another try only when one of the two has changed. So a pass starts where the one before has merged, one neighbour
+// back: `left` holds the blocks before that place, `right` those after it that were tried already, the nearest last;
+// `frontier` is the last block that was tried. Returns false if a condition is left over: no neighbour of it fits, or
+// one has no pair.
+bool runpasses(Block *start, Block *end)
 {
     std::vector<Block *> left{start};
     std::vector<Block *> right;
@@ -126,16 +125,16 @@ Merge runpasses(Block *start, Block *end)
     for (;;) {
         if (right.empty()) {
             if (frontier == end)
-                return left.size() > 1 ? Merge::failed : Merge::over;
+                return false;
             right.push_back(nextlive(frontier, end));
             frontier = right.back();
         }
         Block *a = left.back();
         Block *c = right.back();
         if (c == end && !c->label)
-            return Merge::over;
+            return a == start;
         if (!branchpair(a->last) || !branchpair(c->last))
-            return Merge::missing_pair;
+            return false;
         if (!mergepair(a->last, c->last)) {
             left.push_back(c);
             right.pop_back();
@@ -161,16 +160,8 @@ void mergeconds(Block *start, Block *end)
     }
     if (start == end)
         return;
-    switch (runpasses(start, end)) {
-    case Merge::missing_pair:
+    if (!runpasses(start, end))
         reportunmerged(start);
-        return;
-    case Merge::failed:
-        reportunmerged(start);
-        break;
-    case Merge::over:
-        break;
-    }
     if (end->last && start->last)
         end->last->expr = start->last->expr;
 }
@@ -210,7 +201,7 @@ void handlecond(WalkState &state)
     state.inst = nullptr;
 }
 
-// A jump within a join: what a block has held back comes in front of the value that it computes.
+// A jump within a join: the deferred statements of the block go before the value that it computes.
 void handlejoinjump(WalkState &state)
 {
     if (!state.pending)
@@ -237,14 +228,14 @@ Expr *resolve(WalkState &state, Expr *operand, Block *block)
     return substitute(operand, block);
 }
 
-// The target of a jump as it enters a prepared pair. What is no label must never equal one.
+// The target of a jump as it enters a prepared pair. Without a label it must be different from every label.
 Name *pairtarget(const Inst *branch)
 {
     return branch->name || !branch->targets ? branch->name : privatename({});
 }
 
-// Gives the last block of a chain, which ends in a jump, the look of a conditional branch: both targets are the
-// jump's, and the condition is the value that the block computed last.
+// Turns the jump that the last block of a chain ends in into a conditional branch: both targets are the jump's, and the
+// condition is the value that the block computed last.
 Block *bprepare(Block *start, const Expr *pair)
 {
     Block *block = findblock(start, pair->label);
@@ -266,14 +257,14 @@ Block *bprepare(Block *start, const Expr *pair)
     return block;
 }
 
-// Whether the value of a phi pair reads as the constant false.
-bool readsfalse(const Expr *value)
+// Whether the value of a phi pair counts as the constant false.
+bool isfalse(const Expr *value)
 {
     return value->op == op::leaf && value->leaf != leaf::aggregate && namebegins(value->value, "0");
 }
 
-// A block that gives the phi a false constant has its false target equal to that of the end block, one that gives a
-// true constant its true target: the first such block hands it to the end block, the others get it from there.
+// A block that gives the phi the constant false must have the false target of the end block, one that gives it true
+// the true target: the first such block gives its target to the end block, the others take theirs from there.
 void phitarget(const Block *end, Block *start, const Expr *value)
 {
     const Block *block = findblock(start, value->label);
@@ -283,7 +274,7 @@ void phitarget(const Block *end, Block *start, const Expr *value)
         reportunmerged(start);
         return;
     }
-    if (readsfalse(value)) {
+    if (isfalse(value)) {
         if (prepared->false_taken)
             std::swap(prepared, other);
         else
@@ -298,8 +289,8 @@ void phitarget(const Block *end, Block *start, const Expr *value)
     }
 }
 
-// The phi's node becomes the merged condition; all uses of the phi point to it.
-void takeover(Expr *tree, const Expr *condition)
+// Turns the phi's node, which all uses of the phi refer to, into the merged condition.
+void replacephi(Expr *tree, const Expr *condition)
 {
     if (!condition)
         return;
@@ -318,12 +309,12 @@ void phichain(WalkState &state, Expr *tree)
         state.joinend = bprepare(state.joinstart, tree->right);
     }
     phitarget(state.joinend, state.joinstart, tree->left);
-    const Inst *behind = state.inst->next;
-    if (behind && behind->op == inst::jump)
-        return;  // an inner stage: the chain goes on where the jump leads
+    const Inst *next = state.inst->next;
+    if (next && next->op == inst::jump)
+        return;  // an inner stage: the chain goes on at the target of the jump
     state.phiopen = false;
     mergeconds(state.joinstart, state.joinend);
-    takeover(tree, conditionof(state.joinend));
+    replacephi(tree, conditionof(state.joinend));
     state.joinstate = join::none;
     state.pending = nullptr;
 }
@@ -397,7 +388,7 @@ void philoop(WalkState &state, Expr *tree)
 void handlephi(WalkState &state)
 {
     Expr *tree = state.inst->expr;
-    // An empty block behind the phi that was prepared for another one has taken the tree for its condition.
+    // The phi can be the last Inst of an empty block after it; preparing that for another phi has overwritten the tree.
     if (!tree)
         report("unexpected direct phi construct %s", state.block->label ? state.block->label->text : nullptr);
     else if (state.joinstate == join::none)

@@ -1,7 +1,7 @@
 // Control reconstruction: the bodies of functions as structured C statements, and the functions section.
 //
-// No control-flow graph is built. One walk goes through the blocks of a function in the order of the file and leans on
-// the names that the front end gives its blocks.
+// No control-flow graph is built. One walk goes through the blocks of a function in the order of the file and relies on
+// the labels that the front end gives its blocks.
 #pragma once
 
 #include "model/model.h"
@@ -12,16 +12,16 @@
 
 // ---- Functions section (functions.cpp) --------------------------------------------------------------------------
 
-// Brings inline functions in front of the inline functions that call them.
+// Moves inline functions before the inline functions that call them.
 void orderinline();
 // Writes all functions, the inline ones first.
 void outfunctions();
-// Whether a function is an inline candidate that nothing keeps from it; the option -i is not looked at.
+// Whether a function is an inline candidate that nothing keeps from it; the option -i plays no part.
 bool isinline(const Symbol *function);
 
 // ---- The walk over one function (walk.cpp, branches.cpp, joins.cpp) ---------------------------------------------
 
-// What joinstate says. Both are never set together.
+// WalkState::joinstate. The two are never set together.
 namespace join {
 inline constexpr unsigned none = 0;
 inline constexpr unsigned chain = 1;  // a condition chain of && and || is open
@@ -36,18 +36,18 @@ struct WalkState {
     bool declgap = false;         // a declaration was written and no blank line since
     Inst *allocfirst = nullptr;   // the first dynamic alloca not yet freed
     int alloccount = 0;           // how many there are
-    Expr *pending = nullptr;      // statements held back: the init of a `for`, or what a join gathered
-    int closecount = 0;           // block starts to go until `closers` fall due; 0 when no count runs
-    int closers = 0;              // closing braces to write then
+    Expr *pending = nullptr;      // deferred statements: the init of a `for`, or those of a join
+    int closecount = 0;           // block starts left until `closers` are written; 0 when no count runs
+    int closers = 0;              // number of closing braces to write then
     bool whilehead = false;       // a `while (...)` was written and its body is yet to come
-    bool dotail = false;          // the tail of a `do` was written: do.end has nothing to close
+    bool dotail = false;          // the tail of a `do` was written: do.end closes nothing
     unsigned joinstate = join::none;
     Block *joinstart = nullptr;       // where the open join began
     Block *joinend = nullptr;         // the last block of the open chain, prepared by the chain's first phi
     bool phiopen = false;             // joinend is prepared
     std::vector<Block *> savedconds;  // blocks whose branches test inner conditional values, innermost last
     bool chain_indexed = false;       // the Insts are entered in the index of locals
-    // for.inc blocks by the target of their branch, once a `for` was met.
+    // for.inc blocks by the target of their branch; filled at the first `for`.
     bool increments_indexed = false;
     std::unordered_map<const Name *, std::vector<Block *>> increments;
 };
@@ -56,12 +56,14 @@ extern int indent_depth;  // of the line being written; starts at 1 for each fun
 
 // Writes the body of a function from its first block on; null writes nothing.
 void outbody(Block *first);
+// The first block with the label whose position is at least `position`, or null.
+Block *blockfrom(std::uint32_t position, const Name *label);
 // The first block from `start` on with the label; reports "block not found %s\n" and returns `start` if there is none.
 Block *findblock(Block *start, const Name *label);
-// Removes the blocks of exception handling behind `first`.
+// Removes the blocks of exception handling after `first`.
 void stripexceptions(Block *first);
 
-// Lines of the output. The depth counts tabs; out() is one whole line.
+// Lines of the output, indented by indent_depth tabs; outline() writes a whole line.
 void outindent();
 void outline(std::string_view text);
 void openbrace();             // depth up, then the line "{"
@@ -77,8 +79,8 @@ inline bool endsin(const Block *block, std::uint8_t op)
 {
     return block->last && block->last->op == op;
 }
-// The branch pair of an Inst, null if it has none. A switch has one if it was prepared for a phi; its cases are told
-// apart from it by their label.
+// The branch pair of an Inst, null if it has none. A switch has one if it was prepared for a phi; a case differs
+// from it in having a label.
 inline Expr *branchpair(const Inst *instruction)
 {
     if (!instruction)
@@ -93,7 +95,7 @@ inline bool isstatement(const Inst *instruction)
            (instruction->op == inst::value && instruction->used == used::no && isop(instruction->expr, op::call));
 }
 
-// Handlers of walk.cpp that others end with.
+// Handlers of walk.cpp that others call.
 void handlereturn(WalkState &state);
 void outplainlabel(WalkState &state);
 
@@ -114,7 +116,7 @@ void handlecond(WalkState &state);
 void handlejoinjump(WalkState &state);
 void handleloopclose(WalkState &state);
 void handlephi(WalkState &state);
-// Puts held back statements in front of the value of an Inst, and clears them.
+// Puts the deferred statements before the value of an Inst, as a comma expression, and clears them.
 void addcomma(Inst *instruction, Expr *&pending);
 // Merges the conditions of the blocks from `start` to `end`, both included, into one tree.
 void mergeconds(Block *start, Block *end);

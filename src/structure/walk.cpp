@@ -8,6 +8,7 @@
 
 #include "base/base.h"
 #include "emit/emit.h"
+#include "frontend/frontend.h"
 
 #include <algorithm>
 #include <array>
@@ -68,17 +69,23 @@ void indexblocks(WalkState &state)
 
 }  // namespace
 
+Block *blockfrom(std::uint32_t position, const Name *label)
+{
+    const LocalName *local = label ? findlocal(label) : nullptr;
+    if (!local)
+        return nullptr;
+    const auto &blocks = local->blocks;
+    auto at = std::partition_point(blocks.begin(), blocks.end(),
+                                   [position](const Block *block) { return block->position < position; });
+    while (at != blocks.end() && ((*at)->label != label || (*at)->removed))
+        ++at;
+    return at == blocks.end() ? nullptr : *at;
+}
+
 Block *findblock(Block *start, const Name *label)
 {
-    if (const LocalName *local = label ? findlocal(label) : nullptr) {
-        const auto &blocks = local->blocks;
-        auto found = std::partition_point(blocks.begin(), blocks.end(),
-                                          [start](const Block *block) { return block->position < start->position; });
-        while (found != blocks.end() && ((*found)->label != label || (*found)->removed))
-            ++found;
-        if (found != blocks.end())
-            return *found;
-    }
+    if (Block *block = blockfrom(start->position, label))
+        return block;
     report("block not found %s\n", label ? label->text : nullptr);
     return start;
 }
@@ -86,16 +93,6 @@ Block *findblock(Block *start, const Name *label)
 // ---- Declarations -----------------------------------------------------------------------------------------------
 
 namespace {
-
-// The stack slot of a parameter: x.addr, or .addr with a number behind it for a parameter without a name.
-bool isparameterslot(const Name *name)
-{
-    constexpr std::string_view suffix = ".addr";
-    const std::string_view text = nametext(name);
-    if (text.size() > suffix.size() && text.starts_with(suffix) && isdigit(text[suffix.size()]))
-        return true;
-    return text.ends_with(suffix);
-}
 
 // T *name = malloc(count * sizeof(T))
 void outdynamicarray(WalkState &state)
@@ -115,7 +112,7 @@ void outdynamicarray(WalkState &state)
 
 void handlelocal(WalkState &state)
 {
-    if (isparameterslot(state.inst->name))
+    if (isparameterslot(nametext(state.inst->name)))
         return;
     outindent();
     if (state.inst->expr->op == op::leaf)
@@ -131,8 +128,8 @@ bool isdynamicarray(const Inst *instruction)
     return instruction->op == inst::local && instruction->expr->op != op::leaf;
 }
 
-// Directly behind the call that restores the stack: frees the dynamic arrays in the order of their declarations. They
-// are looked for in the block of the first one.
+// Directly after the call that restores the stack: frees the dynamic arrays in the order of their declarations. Only
+// the block of the first one is searched.
 void outpendingfrees(WalkState &state)
 {
     for (; state.alloccount != 0; --state.alloccount) {
@@ -153,24 +150,24 @@ void outpendingfrees(WalkState &state)
 
 // ---- Statements -------------------------------------------------------------------------------------------------
 
-// Whether the statement is the last one in front of a branch to the head of a `for`: it becomes the init.
+// Whether the statement is the last one before a branch to the head of a `for`: it becomes the init.
 bool initsfor(const WalkState &state)
 {
     const Inst *jump = state.inst->next;
     if (state.inst->op != inst::statement || !jump || jump->op != inst::jump)
         return false;
     const Block *head = state.block->next;
-    return namebegins(jump->name, "for.cond") && head && endsin(head, inst::for_branch);
+    return namebegins(jump->name, labels::for_cond) && head && endsin(head, inst::for_branch);
 }
 
-void holdback(WalkState &state)
+void deferstatement(WalkState &state)
 {
     Expr *statement = state.inst->expr;
     if (state.pending) {
-        Expr *both = newexpr(op::comma, state.pending->type);
-        both->left = state.pending;
-        both->right = statement;
-        statement = both;
+        Expr *sequence = newexpr(op::comma, state.pending->type);
+        sequence->left = state.pending;
+        sequence->right = statement;
+        statement = sequence;
     }
     state.pending = statement;
 }
@@ -181,7 +178,7 @@ void handlestatement(WalkState &state)
     if (isop(expr, op::assign) && sameoperand(expr->left, expr->right))
         return;
     if (state.joinstate != join::none) {
-        holdback(state);
+        deferstatement(state);
     } else if (initsfor(state)) {
         state.pending = expr;
     } else {
@@ -197,7 +194,7 @@ void handlevalue(WalkState &state)
         handlestatement(state);
 }
 
-// Ends the block; whatever follows in it is dropped.
+// Ends the block; the rest of it is dropped.
 void handlenothing(WalkState &state)
 {
     state.inst = nullptr;
@@ -214,7 +211,7 @@ void handlereturn(WalkState &state)
         outexpr(state.inst->expr, false);
     }
     outtext(";\n");
-    if (labelbegins(state.block, "cleanup.cont"))
+    if (labelbegins(state.block, labels::cleanup_cont))
         closebraces(1);
     state.inst = nullptr;
 }
@@ -289,7 +286,7 @@ void step(WalkState &state)
         handler(state);
 }
 
-// At the start of a block: the braces that fall due there take the place of whatever its label says.
+// At the start of a block: braces that are due there are written in place of what its label stands for.
 void enterblock(WalkState &state)
 {
     state.inst = state.block->first;

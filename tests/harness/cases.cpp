@@ -1,5 +1,5 @@
 // Runs the cases of tests/cases, each as a test of its own: the suite is the file's name, the test the case's name.
-// README.md describes the files. Behind ";! " in the IR stands an error that is reported at its line.
+// README.md describes the files. After ";! " the IR has an error that is expected at its line.
 #include "harness/harness.h"
 
 #include <algorithm>
@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <iostream>
-#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -25,7 +24,7 @@ struct Expectation {
 
 struct Case {
     std::string file;  // path of the case file
-    int line = 0;      // where its === stands there
+    int line = 0;      // of its === there
     std::string name;
     Lines options;
     Lines ir;
@@ -65,7 +64,7 @@ Lines take_text(Reader &reader)
     return text;
 }
 
-// Splits the IR from the errors that stand behind its lines; a line that holds only errors belongs to the one above.
+// Splits the IR from the errors that follow its lines; a line that holds only errors belongs to the one above.
 void take_ir(Case &made, const Lines &text)
 {
     const std::string mark = ";! ";
@@ -82,7 +81,7 @@ void take_ir(Case &made, const Lines &text)
     }
 }
 
-// The empty lines in front of the next marker only set it off; with a whole file's text this is the last one alone.
+// Empty lines before the next marker are no part of the text; of a whole file only the last one isn't.
 Expectation take_expectation(Reader &reader)
 {
     Expectation made;
@@ -126,8 +125,8 @@ bool is_section_head(const std::string &line)
     return line.starts_with("/*\t") && line.ends_with(" definitions");
 }
 
-// A section's lines behind its two-line head; an absent section has none. The includes have no head: they stand behind
-// the comment lines that open the file.
+// A section's lines after its two-line head; an absent section has none. The includes have no head: they follow the
+// comment lines at the start of the file.
 Lines section_of(const Lines &output, const std::string &name)
 {
     auto start = output.begin();
@@ -142,7 +141,7 @@ Lines section_of(const Lines &output, const std::string &name)
     return lines;
 }
 
-// A head names its function in front of the parameter list: "int *f(int a)".
+// A head has the function's name before the parameter list: "int *f(int a)".
 bool is_head_of(const std::string &line, const std::string &name)
 {
     return name.empty() || line.find(" " + name + "(") != std::string::npos ||
@@ -150,7 +149,7 @@ bool is_head_of(const std::string &line, const std::string &name)
 }
 
 // The lines between the outermost braces of a function, of the last one if no name is given, one tab to the left.
-// A line that has no tab to give, a label at the outermost level, gets a "<" instead, so that no shift goes unseen.
+// A line without a tab, a label at the outermost level, gets a "<" instead, so that each indentation is compared.
 Lines body_of(const Lines &output, const std::string &name)
 {
     const Lines functions = section_of(output, "functions");
@@ -170,8 +169,8 @@ Lines body_of(const Lines &output, const std::string &name)
     return body;
 }
 
-// "#error quarl a.ll:12 text" becomes "12: text". A message that ends in a newline of its own leaves an empty line
-// behind it, which is shown as \n at its end.
+// "#error quarl a.ll:12 text" becomes "12: text". A message that ends in a newline of its own is followed by an
+// empty line, which is shown as \n at its end.
 Lines abbreviate(const std::string &err)
 {
     const std::string head = "#error quarl a.ll:";
@@ -233,16 +232,12 @@ std::string plain_name(std::string text)
     return text;
 }
 
-// What stands in front of the first case tells a reader what the file is about.
+// The text before the first case describes the file.
 std::vector<Case> read_all()
 {
-    std::set<std::filesystem::path> files;
-    for (const auto &entry : std::filesystem::directory_iterator(QUARL_SOURCE_DIR "/tests/cases"))
-        if (entry.path().extension() == ".txt")
-            files.insert(entry.path());
     std::vector<Case> all;
-    for (const std::filesystem::path &file : files) {
-        Reader reader = {file.string(), harness::split_lines(harness::read_file(file.string()))};
+    for (const std::string &file : harness::list_files(QUARL_SOURCE_DIR "/tests/cases", ".txt")) {
+        Reader reader = {file, harness::split_lines(harness::read_file(file))};
         for (take_text(reader); reader.at < reader.lines.size();)
             all.push_back(take_case(reader));
     }

@@ -1,5 +1,6 @@
 #include "harness/harness.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -20,8 +21,8 @@ namespace harness {
 
 namespace {
 
-// A sanitizer's report ends in a signal, so that none passes for quarl's own status 1. A runaway output must not fill
-// the disk: 1 GB in units of 512 bytes.
+// A sanitizer's report ends in a signal, which differs from quarl's own status 1. The output is limited to 1 GB, in
+// units of 512 bytes.
 constexpr const char *surroundings = "ulimit -c 0; ulimit -f 2097152; "
                                      "export ASAN_OPTIONS=detect_leaks=0:abort_on_error=1:allocator_may_return_null=1 "
                                      "UBSAN_OPTIONS=abort_on_error=1:print_stacktrace=1; ";
@@ -32,7 +33,7 @@ constexpr const char *surroundings = "ulimit -c 0; ulimit -f 2097152; "
     std::abort();
 }
 
-// A word for the shell, which has no single quote itself.
+// A word for the shell; it must have no single quote.
 std::string quoted(const std::string &word)
 {
     if (word.find('\'') != std::string::npos)
@@ -74,6 +75,16 @@ std::string read_file(const std::string &path)
 bool file_exists(const std::string &path)
 {
     return std::filesystem::exists(path);
+}
+
+std::vector<std::string> list_files(const std::string &directory, std::string_view extension)
+{
+    std::vector<std::string> paths;
+    for (const auto &entry : std::filesystem::directory_iterator(directory))
+        if (entry.path().extension() == extension)
+            paths.push_back(entry.path().string());
+    std::sort(paths.begin(), paths.end());
+    return paths;
 }
 
 std::vector<std::string> split_lines(std::string_view text)

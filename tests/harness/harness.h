@@ -28,10 +28,13 @@ std::string read_file(const std::string &path);
 
 bool file_exists(const std::string &path);
 
-// Splits behind each newline; the newlines themselves go. A last line needs no newline.
+// The paths of the files in a directory whose names end in `extension`, in order.
+std::vector<std::string> list_files(const std::string &directory, std::string_view extension);
+
+// Splits after each newline, and drops the newlines. A last line needs none.
 std::vector<std::string> split_lines(std::string_view text);
 
-// Gives the lines with a newline behind each.
+// Gives the lines with a newline after each.
 std::string join_lines(const std::vector<std::string> &lines);
 
 // Runs program with the arguments in directory, with no standard input, and ends it after `seconds`.

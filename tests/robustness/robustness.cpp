@@ -1,13 +1,11 @@
-// Inputs that nobody writes: damaged modules, bytes of no meaning, nesting and lines beyond any size. Whatever they
-// hold, quarl ends in time with status 0 or 1, and status 1 never comes without a message.
+// Malformed and oversized inputs: damaged modules, random bytes, deep nesting and long lines. For each quarl must end
+// in time with status 0, or with status 1 and a message.
 // All are made from fixed seeds, so that a run that fails can be repeated.
 #include "harness/harness.h"
 
-#include <filesystem>
 #include <gtest/gtest.h>
 #include <iterator>
 #include <random>
-#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -57,26 +55,22 @@ void survive_all(const std::vector<Input> &inputs)
 // The modules to damage: what a real front end wrote.
 std::vector<Input> modules()
 {
-    std::set<std::filesystem::path> files;
-    for (const auto &entry : std::filesystem::directory_iterator(QUARL_SOURCE_DIR "/examples"))
-        if (entry.path().extension() == ".ll")
-            files.insert(entry.path());
     std::vector<Input> found;
-    for (const std::filesystem::path &file : files)
-        found.push_back({file.filename().string(), harness::read_file(file.string())});
+    for (const std::string &file : harness::list_files(QUARL_SOURCE_DIR "/examples", ".ll"))
+        found.push_back({file, harness::read_file(file)});
     return found;
 }
 
-// std::uniform_int_distribution gives other numbers with another library, so the remainder has to do.
+// A remainder: std::uniform_int_distribution differs from library to library.
 size_t below(std::mt19937 &random, size_t bound)
 {
     return bound == 0 ? 0 : random() % bound;
 }
 
-// Changes, takes out or adds a byte, a word or a line.
+// Changes, removes or adds a byte, a word or a line.
 void mutate(std::string &text, std::mt19937 &random)
 {
-    // Words and signs that a reader may take for the start of something.
+    // Words and signs that have a meaning for some reader.
     static const std::vector<std::string> fragments = {
         "{",    "}",      "[",    "]",     "(",  ")",    "<",          ">",  "*",   ",",    "=",
         ":",    "@",      "%",    "!",     "#0", "\"",   "c\"",        "\\", "...", "i8",   "i16",
@@ -98,7 +92,7 @@ void mutate(std::string &text, std::mt19937 &random)
     text.replace(at, below(random, 2) * length, by[below(random, std::size(by))]);
 }
 
-// What stands around `count` times `open`, and around as many times `close` behind it.
+// The texts around `count` times `open`, followed by as many times `close`.
 struct Pattern {
     std::string name;
     std::string front;

@@ -18,7 +18,7 @@ TEST(names, a_text_has_one_record_and_a_record_one_text)
     EXPECT_EQ(intern(std::string(100000, 'x'))->length, 100000U);
 }
 
-// Far more names than any table starts with: no two fall together, and none moves.
+// Far more names than the table has room for at first: all stay different, and none moves.
 TEST(names, many_names_stay_apart)
 {
     constexpr size_t many = 50000;

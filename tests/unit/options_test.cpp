@@ -39,7 +39,7 @@ protected:
     {
         return harness::run(program, arguments, directory);
     }
-    // Runs quarl and compares its standard error and its status; nothing is to come on standard output.
+    // Runs quarl and compares its standard error and its status; standard output must be empty.
     void expect(const Words &arguments, int status, const std::string &err)
     {
         const harness::Result result = run(arguments);
@@ -90,7 +90,7 @@ TEST_F(Options, several_options_share_an_argument)
     EXPECT_TRUE(holds("from.c", "#include <lldefs.h>\n"));
 }
 
-TEST_F(Options, the_output_name_stands_behind_o_or_in_the_next_argument)
+TEST_F(Options, the_output_name_follows_o_or_is_the_next_argument)
 {
     expect({"-o", "a.c", "one.ll"}, 0, "");
     expect({"-ob.c", "one.ll"}, 0, "");
@@ -159,6 +159,22 @@ TEST_F(Options, an_interrupt_ends_with_status_2)
     EXPECT_EQ(result.status, 2) << harness::describe(result);
     EXPECT_EQ(result.err, "");
     EXPECT_FALSE(exists("a.c"));
+}
+
+// The pipe holds 64 KB, so quarl is within its functions when the first bytes have come out.
+TEST_F(Options, an_interrupt_keeps_the_log_and_the_output_so_far)
+{
+    std::string text;
+    for (int i = 0; i < 20000; i++)
+        text += "define void @f" + std::to_string(i) + "() {\n  ret void\n}\n";
+    harness::write_file(directory + "/long.ll", text);
+    const std::string script = "mkfifo pipe; \"$0\" -ivo pipe long.ll & exec 3<pipe; head -c 1000 <&3 >part; "
+                               "kill -INT $!; cat <&3 >>part; wait $!";
+    const harness::Result result = run({"-c", script, harness::quarl_binary(QUARL_BINARY)}, "/bin/sh");
+    EXPECT_EQ(result.status, 2) << harness::describe(result);
+    EXPECT_EQ(result.out, "output includes\noutput aggregates\noutput aliases\noutput externs\noutput variables\n"
+                          "output functions\n");
+    EXPECT_TRUE(holds("part", "f2(void)") && !holds("part", "f19999(void)"));
 }
 
 }  // namespace

@@ -9,8 +9,7 @@
 
 namespace {
 
-// All tokens of the line in front of its end, set apart by blanks, behind w: a word, behind n: a number, behind s: a
-// string.
+// All tokens of the line before its end, separated by blanks: words after w:, numbers after n:, strings after s:.
 std::string scan(const char *line)
 {
     std::string tokens;
@@ -91,7 +90,7 @@ TEST(scanner, strings_for_c)
     EXPECT_EQ(cstring("dir\\5Ca\\00", false), "dir\\\\a\\000");
 }
 
-// A line beyond the buffer comes in pieces, each of them counted.
+// A line longer than the buffer is read in pieces, each of which counts as a line.
 TEST(scanner, lines_of_a_file)
 {
     const std::string directory = harness::make_directory();
