@@ -46,12 +46,23 @@ struct Type {
     bool variadic = false;
     std::uint32_t bits = 0;
     std::uint64_t count = 0;
+    std::uint32_t height = 1;     // how deep it nests; a named structure counts as one
     Type *sub = nullptr;
     std::vector<Type *> members;
     StructType *named = nullptr;  // null for a literal structure
+    StructType *written_as = nullptr;  // of a literal structure: the one with a name in its place, once it is printed
     Type *pointer_to = nullptr;   // the pointer to this type, once it was asked for
     mutable std::size_t size = 0;   // in memory, once it was asked for; align is 0 before
     mutable std::size_t align = 0;
+};
+
+// A member of a structure as it is written.
+struct WrittenMember {
+    Type *type = nullptr;
+    std::size_t offset = 0;
+    std::vector<std::uint32_t> path;  // the member of the input, from the outermost structure in; empty: bytes that fill
+    bool bytes = false;               // they stand for a member that C would put elsewhere
+    std::string name;                 // in the source, where debug metadata tells it
 };
 
 // One `%name = type ...` line.
@@ -62,7 +73,15 @@ struct StructType {
     std::vector<Type *> members;
     bool packed = false;
     bool opaque = true;        // no body so far
+    std::string foreign;       // what C lacks in it, for the refusal where it is met; mostly empty
     std::size_t line = 0;      // in the input
+    // As it is written, settled by settletypes(). C lays these out as LLVM does the members.
+    std::vector<WrittenMember> written_members;
+    bool relaid = false;       // they aren't just the members
+    bool has_bytes = false;    // some are bytes in the place of a member
+    std::size_t c_align = 0;   // in C; 0: not settled yet
+    bool is_held = false;      // another structure or an array holds it by value
+    std::uint8_t mark = 0;     // scratch of one walk
 };
 
 // ---- Values ----
@@ -212,6 +231,9 @@ struct Global {
     std::uint32_t location = 0;  // !dbg of the definition plus one
     std::uint64_t align = 0;
     std::vector<Global *> calls; // functions that a definition calls or names; filled while it is adapted
+    Global *accessor = nullptr;  // variable: the function that gives its address to other functions
+    bool in_circle = false;      // inline function that is called by one that it calls
+    bool in_tail = false;        // variable: defined in the C that is added to quarl's
     std::uint32_t mark = 0;
 };
 
@@ -300,6 +322,9 @@ Value *undefconst(Module &module, Type *type);
 Value *zeroconst(Module &module, Type *type);  // 0, 0.0, null or zeroinitializer, by the type
 // A computed constant; operands are constants.
 Value *exprconst(Module &module, Op op, Type *type, const std::vector<Value *> &operands);
+// A constant array or structure; the bytes of a constant array of i8.
+Value *aggregateconst(Module &module, Type *type, const std::vector<Value *> &elements);
+Value *stringconst(Module &module, Type *type, std::string_view bytes);
 bool isconstant(const Value *value);  // of any kind, addresses of globals included
 std::int64_t signedvalue(const Value *value);  // of an integer constant, sign-extended from its width
 
@@ -343,6 +368,7 @@ void refuse(Function &function, const Value *inst, const std::string &text);
 void refuse(Module &module, const Global *global, const std::string &text);
 void refuseline(Module &module, std::size_t line, const std::string &text);
 void warn(Function &function, const Value *inst, const std::string &text);
+void warn(Module &module, const Global *global, const std::string &text);
 // Writes all messages to standard error, in the order of files and lines, each once.
 void showmessages(Module &module);
 
@@ -359,14 +385,26 @@ bool parsebody(Function &function);
 // after `when`, and ends the process with status 3. For debug builds and tests.
 void verify(Function &function, const char *when);
 
+// ---- printplain.cpp ----
+
+// Appends a function as IR text, with the names that it has, for --print-after.
+void printfunction(const Function &function, std::string &out);
+
 // ---- printmodule.cpp: lines outside of functions ----
 
-// Appends everything up to the functions: head, types, variables, aliases.
+// Appends everything up to the functions: head, types, variables, aliases. After the functions were adapted, which may
+// name further types.
 void printmodulehead(Module &module, std::string &out);
-// The header line of a definition, with its {, and the line of a declaration.
-void printheader(const Global &global, std::string &out);
-void printdeclaration(const Global &global, std::string &out);
+// The header line of a definition, with its {, and the line of a declaration. After findcircles().
+void printheader(Module &module, const Global &global, const Function &function, std::string &out);
+void printdeclaration(Module &module, const Global &global, std::string &out);
+// The names of members, if the module keeps its debug metadata.
 void printmetadata(Module &module, std::string &out);
+// C that has to follow quarl's: the variables whose line would be too long. After printmodulehead().
+void printtail(Module &module, std::string &out);
+// C that fails to compile where a structure has another size or offset than the input says. For tests; after
+// printmodulehead().
+void printlayoutchecks(const Module &module, std::string &out);
 // A constant as quarl reads it in an initialiser or as an operand, without its type.
 std::string constanttext(const Value *constant);
 

@@ -82,8 +82,7 @@ void resolvealias(Module &module, Global &alias)
 bool isshared(const Global &global)
 {
     return global.kind == GlobalKind::variable && !global.declared_only && !global.is_constant &&
-           (global.linkage == Linkage::linkonce_odr || global.linkage == Linkage::linkonce ||
-            global.linkage == Linkage::weak_odr);
+           (global.linkage == Linkage::linkonce_odr || global.linkage == Linkage::linkonce);
 }
 
 void makeaccessor(Module &module, Global &variable)
