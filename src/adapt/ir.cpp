@@ -282,6 +282,22 @@ Value *exprconst(Module &module, Op op, Type *type, const std::vector<Value *> &
     return &made;
 }
 
+Value *aggregateconst(Module &module, Type *type, const std::vector<Value *> &elements)
+{
+    Value *made = exprconst(module, Op::none, type, elements);
+    made->kind = ValueKind::aggregate;
+    return made;
+}
+
+Value *stringconst(Module &module, Type *type, std::string_view bytes)
+{
+    Value &made = module.arena.values.emplace_back();
+    made.kind = ValueKind::string;
+    made.type = type;
+    made.text = bytes;
+    return &made;
+}
+
 bool isconstant(const Value *value)
 {
     return value->kind <= ValueKind::expression;

@@ -28,7 +28,7 @@ struct Value;
 
 enum class TypeKind : std::uint8_t {
     void_type,
-    integer,    // bits
+    integer,  // bits
     float_type,
     double_type,
     pointer,    // sub; null for an opaque pointer
@@ -37,7 +37,7 @@ enum class TypeKind : std::uint8_t {
     function,   // sub is the result, members are the parameters, variadic
     label,
     metadata,
-    other,      // a type that C has nothing for (vectors, half, x86_fp80, token): refused where it is met
+    other,  // a type that C has nothing for (vectors, half, x86_fp80, token): refused where it is met
 };
 
 struct Type {
@@ -46,13 +46,13 @@ struct Type {
     bool variadic = false;
     std::uint32_t bits = 0;
     std::uint64_t count = 0;
-    std::uint32_t height = 1;     // how deep it nests; a named structure counts as one
+    std::uint32_t height = 1;  // how deep it nests; a named structure counts as one
     Type *sub = nullptr;
     std::vector<Type *> members;
-    StructType *named = nullptr;  // null for a literal structure
+    StructType *named = nullptr;       // null for a literal structure
     StructType *written_as = nullptr;  // of a literal structure: the one with a name in its place, once it is printed
-    Type *pointer_to = nullptr;   // the pointer to this type, once it was asked for
-    mutable std::size_t size = 0;   // in memory, once it was asked for; align is 0 before
+    Type *pointer_to = nullptr;        // the pointer to this type, once it was asked for
+    mutable std::size_t size = 0;      // in memory, once it was asked for; align is 0 before
     mutable std::size_t align = 0;
 };
 
@@ -60,28 +60,29 @@ struct Type {
 struct WrittenMember {
     Type *type = nullptr;
     std::size_t offset = 0;
-    std::vector<std::uint32_t> path;  // the member of the input, from the outermost structure in; empty: bytes that fill
-    bool bytes = false;               // they stand for a member that C would put elsewhere
-    std::string name;                 // in the source, where debug metadata tells it
+    std::vector<std::uint32_t>
+        path;            // the member of the input, from the outermost structure in; empty: bytes that fill
+    bool bytes = false;  // they stand for a member that C would put elsewhere
+    std::string name;    // in the source, where debug metadata tells it
 };
 
 // One `%name = type ...` line.
 struct StructType {
-    std::string name;          // as in the input, without % and quotes: struct.a, class.b::c, union.d
-    std::string written;       // the name to print, without %; settled by settletypes()
-    Type *type = nullptr;      // its record: kind structure, `named` is this
+    std::string name;      // as in the input, without % and quotes: struct.a, class.b::c, union.d
+    std::string written;   // the name to print, without %; settled by settletypes()
+    Type *type = nullptr;  // its record: kind structure, `named` is this
     std::vector<Type *> members;
     bool packed = false;
-    bool opaque = true;        // no body so far
-    std::string foreign;       // what C lacks in it, for the refusal where it is met; mostly empty
-    std::size_t line = 0;      // in the input
+    bool opaque = true;    // no body so far
+    std::string foreign;   // what C lacks in it, for the refusal where it is met; mostly empty
+    std::size_t line = 0;  // in the input
     // As it is written, settled by settletypes(). C lays these out as LLVM does the members.
     std::vector<WrittenMember> written_members;
-    bool relaid = false;       // they aren't just the members
-    bool has_bytes = false;    // some are bytes in the place of a member
-    std::size_t c_align = 0;   // in C; 0: not settled yet
-    bool is_held = false;      // another structure or an array holds it by value
-    std::uint8_t mark = 0;     // scratch of one walk
+    bool relaid = false;      // they aren't just the members
+    bool has_bytes = false;   // some are bytes in the place of a member
+    std::size_t c_align = 0;  // in C; 0: not settled yet
+    bool is_held = false;     // another structure or an array holds it by value
+    std::uint8_t mark = 0;    // scratch of one walk
 };
 
 // ---- Values ----
@@ -98,29 +99,102 @@ enum class ValueKind : std::uint8_t {
     expression,  // a computed constant: `op` and operands as for an instruction
     parameter,   // of the current function; `number` is its place
     instruction,
-    assembler,   // callee of an inline assembler call; `text`: the template, `constraints`
-    metadata,    // operand of a debug intrinsic; nothing of it is kept
+    assembler,  // callee of an inline assembler call; `text`: the template, `constraints`
+    metadata,   // operand of a debug intrinsic; nothing of it is kept
 };
 
 enum class Op : std::uint8_t {
     none,
     // Terminators.
-    ret, br, switch_, unreachable, invoke, resume,
+    ret,
+    br,
+    switch_,
+    unreachable,
+    invoke,
+    resume,
     // Memory.
-    alloca_, load, store, getelementptr, cmpxchg, atomicrmw, fence,
+    alloca_,
+    load,
+    store,
+    getelementptr,
+    cmpxchg,
+    atomicrmw,
+    fence,
     // Arithmetic.
-    add, sub, mul, udiv, sdiv, urem, srem, shl, lshr, ashr, and_, or_, xor_,
-    fadd, fsub, fmul, fdiv, frem, fneg,
+    add,
+    sub,
+    mul,
+    udiv,
+    sdiv,
+    urem,
+    srem,
+    shl,
+    lshr,
+    ashr,
+    and_,
+    or_,
+    xor_,
+    fadd,
+    fsub,
+    fmul,
+    fdiv,
+    frem,
+    fneg,
     // Conversions.
-    trunc, zext, sext, fptrunc, fpext, fptosi, fptoui, sitofp, uitofp, ptrtoint, inttoptr, bitcast, addrspacecast,
+    trunc,
+    zext,
+    sext,
+    fptrunc,
+    fpext,
+    fptosi,
+    fptoui,
+    sitofp,
+    uitofp,
+    ptrtoint,
+    inttoptr,
+    bitcast,
+    addrspacecast,
     // Others.
-    icmp, fcmp, phi, select, call, extractvalue, insertvalue, landingpad, freeze, va_arg,
+    icmp,
+    fcmp,
+    phi,
+    select,
+    call,
+    extractvalue,
+    insertvalue,
+    landingpad,
+    freeze,
+    va_arg,
 };
 
 enum class Predicate : std::uint8_t {
     none,
-    eq, ne, ugt, uge, ult, ule, sgt, sge, slt, sle,
-    false_, oeq, ogt, oge, olt, ole, one, ord, ueq, ugt_f, uge_f, ult_f, ule_f, une, uno, true_,
+    eq,
+    ne,
+    ugt,
+    uge,
+    ult,
+    ule,
+    sgt,
+    sge,
+    slt,
+    sle,
+    false_,
+    oeq,
+    ogt,
+    oge,
+    olt,
+    ole,
+    one,
+    ord,
+    ueq,
+    ugt_f,
+    uge_f,
+    ult_f,
+    ule_f,
+    une,
+    uno,
+    true_,
 };
 
 // One operand of a user, linked into the list of uses of its value.
@@ -148,37 +222,37 @@ struct Value {
     bool is_atomic = false;
     bool nsw = false;
     bool nuw = false;
-    bool removed = false;           // taken out of its block
-    Type *type = nullptr;           // of the result; void if there is none
-    Type *element = nullptr;        // alloca: what is allocated; getelementptr: source element type; call and invoke:
-                                    // the function type; load: the loaded type
-    std::string_view name;          // of a local, without %; empty if it is a number
-    std::uint64_t number = 0;       // alloca, load, store: the alignment, 0 if it is the type's; landingpad: 1 if it is a
-                                    // cleanup; an assembler callee: 1 if it has side effects
-    std::string_view text;          // atomicrmw: the operation
+    bool removed = false;      // taken out of its block
+    Type *type = nullptr;      // of the result; void if there is none
+    Type *element = nullptr;   // alloca: what is allocated; getelementptr: source element type; call and invoke:
+                               // the function type; load: the loaded type
+    std::string_view name;     // of a local, without %; empty if it is a number
+    std::uint64_t number = 0;  // alloca, load, store: the alignment, 0 if it is the type's; landingpad: 1 if it is a
+                               // cleanup; an assembler callee: 1 if it has side effects
+    std::string_view text;     // atomicrmw: the operation
     std::string_view constraints;
     Global *global = nullptr;
-    Use *operands = nullptr;        // call and invoke: the callee first, then the arguments
+    Use *operands = nullptr;  // call and invoke: the callee first, then the arguments
     std::uint32_t operand_count = 0;
-    Use *uses = nullptr;            // of instructions and parameters; constants keep none
-    std::vector<Block *> targets;   // br: true, false; switch: default, then one for each case operand; phi: the block
-                                    // of each operand; invoke: normal, unwind
-    std::vector<std::uint32_t> indices;   // extractvalue, insertvalue; landingpad: for each clause 0 catch, 1 filter
-    std::vector<Attributes> attributes;   // call, invoke: one for the result, then one for each argument; or empty
-    Value *prev = nullptr;          // in the block
+    Use *uses = nullptr;           // of instructions and parameters; constants keep none
+    std::vector<Block *> targets;  // br: true, false; switch: default, then one for each case operand; phi: the block
+                                   // of each operand; invoke: normal, unwind
+    std::vector<std::uint32_t> indices;  // extractvalue, insertvalue; landingpad: for each clause 0 catch, 1 filter
+    std::vector<Attributes> attributes;  // call, invoke: one for the result, then one for each argument; or empty
+    Value *prev = nullptr;               // in the block
     Value *next = nullptr;
     Block *block = nullptr;
-    std::uint32_t location = 0;     // number of the !dbg attachment plus one; 0 if there is none
-    std::uint32_t line = 0;         // in the input
-    std::uint32_t mark = 0;         // scratch of one pass
-    void *note = nullptr;           // scratch of one pass
+    std::uint32_t location = 0;  // number of the !dbg attachment plus one; 0 if there is none
+    std::uint32_t line = 0;      // in the input
+    std::uint32_t mark = 0;      // scratch of one pass
+    void *note = nullptr;        // scratch of one pass
 };
 
 struct Block {
     std::string_view name;  // without %; empty if it is a number
     Function *function = nullptr;
     Value *first = nullptr;
-    Value *last = nullptr;  // the terminator
+    Value *last = nullptr;       // the terminator
     std::vector<Block *> preds;  // one entry for each edge; made by findpreds()
     std::uint32_t index = 0;     // place in Function::blocks; made by numberblocks()
     std::uint32_t mark = 0;
@@ -203,7 +277,16 @@ struct Function {
 // ---- Globals ----
 
 enum class Linkage : std::uint8_t {
-    external, internal, private_, weak, weak_odr, linkonce, linkonce_odr, common, appending, extern_weak,
+    external,
+    internal,
+    private_,
+    weak,
+    weak_odr,
+    linkonce,
+    linkonce_odr,
+    common,
+    appending,
+    extern_weak,
     available_externally,
 };
 
@@ -216,24 +299,24 @@ struct Global {
     bool is_constant = false;
     bool hidden = false;
     bool thread_local_ = false;
-    bool dropped = false;        // is not printed: an intrinsic that a pass replaced
-    std::string name;            // as in the input, without @ and quotes
-    std::string written;         // the name to print; settled by settlenames()
-    Type *type = nullptr;        // of the variable, the function type
-    Value *value = nullptr;      // its address, kind global
+    bool dropped = false;          // is not printed: an intrinsic that a pass replaced
+    std::string name;              // as in the input, without @ and quotes
+    std::string written;           // the name to print; settled by settlenames()
+    Type *type = nullptr;          // of the variable, the function type
+    Value *value = nullptr;        // its address, kind global
     Value *initialiser = nullptr;  // variable; alias: the aliasee
     std::string_view section;
     std::vector<std::string_view> param_names;  // of a definition; empty for a number
     std::vector<Attributes> attributes;         // result, then parameters
-    std::string_view body;       // of a definition: the text from after the { to the closing brace
-    std::size_t body_line = 0;   // of the {
-    std::size_t line = 0;        // of the header in the input
-    std::uint32_t location = 0;  // !dbg of the definition plus one
+    std::string_view body;                      // of a definition: the text from after the { to the closing brace
+    std::size_t body_line = 0;                  // of the {
+    std::size_t line = 0;                       // of the header in the input
+    std::uint32_t location = 0;                 // !dbg of the definition plus one
     std::uint64_t align = 0;
-    std::vector<Global *> calls; // functions that a definition calls or names; filled while it is adapted
-    Global *accessor = nullptr;  // variable: the function that gives its address to other functions
-    bool in_circle = false;      // inline function that is called by one that it calls
-    bool in_tail = false;        // variable: defined in the C that is added to quarl's
+    std::vector<Global *> calls;  // functions that a definition calls or names; filled while it is adapted
+    Global *accessor = nullptr;   // variable: the function that gives its address to other functions
+    bool in_circle = false;       // inline function that is called by one that it calls
+    bool in_tail = false;         // variable: defined in the C that is added to quarl's
     std::uint32_t mark = 0;
 };
 
@@ -241,10 +324,10 @@ struct Global {
 
 // Something wrong, with its place.
 struct Message {
-    std::string file;          // the C++ file, or the input where there is no debug metadata
+    std::string file;  // the C++ file, or the input where there is no debug metadata
     std::size_t line = 0;
     std::size_t column = 0;
-    std::string function;      // demangled where possible; may be empty
+    std::string function;  // demangled where possible; may be empty
     std::string text;
     bool warning = false;
 };
@@ -257,7 +340,7 @@ struct DataLayout {
     std::size_t float_align = 4;
     std::size_t double_align = 8;
     bool big_endian = false;
-    bool native32 = false;   // integers of 32 bits are native: the front end computes in 32 bits at least
+    bool native32 = false;  // integers of 32 bits are native: the front end computes in 32 bits at least
 };
 
 // Lets maps by name be searched with any kind of text.
@@ -266,22 +349,24 @@ struct TextHash {
     std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
 };
 
-template <typename Record> using NameMap = std::unordered_map<std::string, Record *, TextHash, std::equal_to<>>;
+template <typename Record>
+using NameMap = std::unordered_map<std::string, Record *, TextHash, std::equal_to<>>;
 
 struct Module {
-    std::string_view text;   // the input, which outlives the module
-    std::string file;        // its name, for messages
-    bool keep_debug = false; // metadata is printed
+    std::string_view text;    // the input, which outlives the module
+    std::string file;         // its name, for messages
+    bool keep_debug = false;  // metadata is printed
     std::string source_filename;
     DataLayout layout;
     std::deque<Type> types;
     std::deque<StructType> structs;
-    std::deque<Global> globals;            // in the order of the input
+    std::deque<Global> globals;  // in the order of the input
     NameMap<Global> global_by_name;
     NameMap<StructType> struct_by_name;
     std::unordered_multimap<std::size_t, Type *> type_by_hash;
     std::unordered_multimap<std::size_t, Value *> constant_by_hash;  // of one number or none
-    std::vector<std::string_view> metadata;  // `!5 = ...` lines by number: the text after the =; empty where there is none
+    std::vector<std::string_view>
+        metadata;  // `!5 = ...` lines by number: the text after the =; empty where there is none
     std::vector<std::string_view> metadata_lines;  // all metadata lines as they stand, in order
     Arena arena;
     std::vector<Message> messages;
@@ -305,7 +390,7 @@ const std::vector<Type *> &membersof(const Type *type);
 
 bool isinteger(const Type *type, std::uint32_t bits);
 bool isfloating(const Type *type);
-bool isaggregate(const Type *type);  // array or structure
+bool isaggregate(const Type *type);      // array or structure
 std::string typetext(const Type *type);  // as IR, with written names
 
 // Size in memory, alignment and the offset of a member as LLVM lays them out, in bytes.
@@ -325,7 +410,7 @@ Value *exprconst(Module &module, Op op, Type *type, const std::vector<Value *> &
 // A constant array or structure; the bytes of a constant array of i8.
 Value *aggregateconst(Module &module, Type *type, const std::vector<Value *> &elements);
 Value *stringconst(Module &module, Type *type, std::string_view bytes);
-bool isconstant(const Value *value);  // of any kind, addresses of globals included
+bool isconstant(const Value *value);           // of any kind, addresses of globals included
 std::int64_t signedvalue(const Value *value);  // of an integer constant, sign-extended from its width
 
 // ---- Instructions ----
@@ -347,15 +432,15 @@ bool hasoneuse(const Value *value);
 std::size_t countuses(const Value *value);
 
 bool isterminator(Op op);
-std::string_view opname(Op op);               // as IR writes it
+std::string_view opname(Op op);  // as IR writes it
 std::string_view predicatename(Predicate predicate);
 Predicate inversepredicate(Predicate predicate);  // of the opposite comparison, NaN included
 
 // ---- Blocks and edges ----
 
 Block *newblock(Function &function, std::string_view name);  // at the end of the function's list
-void findpreds(Function &function);     // fills Block::preds of all blocks
-void numberblocks(Function &function);  // fills Block::index
+void findpreds(Function &function);                          // fills Block::preds of all blocks
+void numberblocks(Function &function);                       // fills Block::index
 // Takes out the blocks that the entry block doesn't reach, and their pairs in phis. Leaves preds and indices true.
 void removeunreachable(Function &function);
 // Keeps a text as long as the function.
@@ -381,8 +466,8 @@ bool parsebody(Function &function);
 
 // ---- verify.cpp ----
 
-// Checks uses, types, terminators, preds of phis and dominance of definitions; reports the first fault to standard error
-// after `when`, and ends the process with status 3. For debug builds and tests.
+// Checks uses, types, terminators, preds of phis and dominance of definitions; reports the first fault to standard
+// error after `when`, and ends the process with status 3. For debug builds and tests.
 void verify(Function &function, const char *when);
 
 // ---- printplain.cpp ----

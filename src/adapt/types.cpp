@@ -35,6 +35,16 @@ bool sametype(const Type &a, const Type &b)
            a.count == b.count && a.sub == b.sub && a.named == b.named && a.members == b.members;
 }
 
+// The greatest height among the parts of a type.
+std::uint32_t heightof(const Type &type)
+{
+    std::uint32_t height = type.sub == nullptr ? 0 : type.sub->height;
+    for (const Type *member : type.members) {
+        height = std::max(height, member->height);
+    }
+    return height;
+}
+
 // The record that equals `type`, a new one if there is none.
 Type *intern(Module &module, const Type &type)
 {
@@ -45,9 +55,10 @@ Type *intern(Module &module, const Type &type)
             return found->second;
         }
     }
-    module.types.push_back(type);
-    module.type_by_hash.emplace(hash, &module.types.back());
-    return &module.types.back();
+    Type &made = module.types.emplace_back(type);
+    made.height = 1 + heightof(type);
+    module.type_by_hash.emplace(hash, &made);
+    return &made;
 }
 
 Type *plaintype(Module &module, TypeKind kind)
@@ -154,8 +165,8 @@ void appendlist(const std::vector<Type *> &types, std::string &out)
 
 std::string structuretext(const Type *type)
 {
-    if (type->named != nullptr) {
-        const std::string &name = type->named->written.empty() ? type->named->name : type->named->written;
+    if (const StructType *named = type->named != nullptr ? type->named : type->written_as; named != nullptr) {
+        const std::string &name = named->written.empty() ? named->name : named->written;
         return isplainname(name) ? "%" + name : "%\"" + name + "\"";
     }
     std::string out = type->packed ? "<{" : "{";

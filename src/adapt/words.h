@@ -15,8 +15,12 @@ enum class WordAction : std::uint8_t {
     drop_with_number,  // with the number after it, bracketed or not: align 4, align(4)
     drop_with_string,
     refuse,
-    byval, sret, zeroext, signext, inreg,  // kept in Attributes
-    byref,             // a type in brackets that doesn't matter here
+    byval,
+    sret,
+    zeroext,
+    signext,
+    inreg,  // kept in Attributes
+    byref,  // a type in brackets that doesn't matter here
 };
 
 struct WordRow {
@@ -167,10 +171,14 @@ inline constexpr std::array fast_math_words = {
 
 // Types that C has nothing for. `target` and `<` are seen by the reader of types itself.
 inline constexpr std::array foreign_types = {
-    WordRow{"bfloat", WordAction::refuse, "floating type"},   WordRow{"fp128", WordAction::refuse, "floating type"},
-    WordRow{"half", WordAction::refuse, "floating type"},     WordRow{"ppc_fp128", WordAction::refuse, "floating type"},
-    WordRow{"token", WordAction::refuse, "token"},            WordRow{"x86_amx", WordAction::refuse, "vector"},
-    WordRow{"x86_fp80", WordAction::refuse, "floating type"}, WordRow{"x86_mmx", WordAction::refuse, "vector"},
+    WordRow{"bfloat", WordAction::refuse, "floating type"},
+    WordRow{"fp128", WordAction::refuse, "floating type"},
+    WordRow{"half", WordAction::refuse, "floating type"},
+    WordRow{"ppc_fp128", WordAction::refuse, "floating type"},
+    WordRow{"token", WordAction::refuse, "token"},
+    WordRow{"x86_amx", WordAction::refuse, "vector"},
+    WordRow{"x86_fp80", WordAction::refuse, "floating type"},
+    WordRow{"x86_mmx", WordAction::refuse, "vector"},
 };
 
 // Instructions and constant expressions that are refused as a whole.
@@ -188,19 +196,20 @@ inline constexpr std::array foreign_operations = {
     WordRow{"shufflevector", WordAction::refuse, "vector"},
 };
 
-template <std::size_t count> constexpr bool sortedwords(const std::array<WordRow, count> &rows)
+template <std::size_t count>
+constexpr bool sortedwords(const std::array<WordRow, count> &rows)
 {
     return std::is_sorted(rows.begin(), rows.end(), [](const WordRow &a, const WordRow &b) { return a.word < b.word; });
 }
-static_assert(sortedwords(attribute_words) && sortedwords(header_words) && sortedwords(fast_math_words) && sortedwords(foreign_types) &&
-              sortedwords(foreign_operations));
+static_assert(sortedwords(attribute_words) && sortedwords(header_words) && sortedwords(fast_math_words) &&
+              sortedwords(foreign_types) && sortedwords(foreign_operations));
 
 // The row of a word, null if the table has none.
 template <std::size_t count>
 constexpr const WordRow *findword(const std::array<WordRow, count> &rows, std::string_view word)
 {
-    const auto *const found = std::lower_bound(rows.begin(), rows.end(), word,
-                                               [](const WordRow &row, std::string_view text) { return row.word < text; });
+    const auto *const found = std::lower_bound(
+        rows.begin(), rows.end(), word, [](const WordRow &row, std::string_view text) { return row.word < text; });
     return found != rows.end() && found->word == word ? &*found : nullptr;
 }
 

@@ -1,0 +1,24 @@
+// What the readers of bodies and of instructions share.
+#pragma once
+
+#include "adapt/reader.h"
+
+namespace adapt {
+
+struct BodyReader {
+    Reader reader;
+    Locals locals;
+    Block *block = nullptr;           // that is being filled; null after a terminator
+    const char *statement = nullptr;  // where the current one begins
+    std::size_t line = 0;             // of it
+    bool bad = false;                 // an error was reported
+};
+
+// label %name
+Block *readblockname(Reader &reader);
+// %name
+Block *readbareblockname(Reader &reader);
+// The instruction at the cursor, outside of any block; null after an error, and for what leaves no trace.
+Value *readinstruction(Reader &reader);
+
+}  // namespace adapt
