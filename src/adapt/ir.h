@@ -60,10 +60,9 @@ struct Type {
 struct WrittenMember {
     Type *type = nullptr;
     std::size_t offset = 0;
-    std::vector<std::uint32_t>
-        path;            // the member of the input, from the outermost structure in; empty: bytes that fill
-    bool bytes = false;  // they stand for a member that C would put elsewhere
-    std::string name;    // in the source, where debug metadata tells it
+    std::vector<std::uint32_t> path;  // the member of the input, from the outermost structure in; empty: filling bytes
+    bool bytes = false;               // they stand for a member that C would put elsewhere
+    std::string name;                 // in the source, where debug metadata tells it
 };
 
 // One `%name = type ...` line.
@@ -103,99 +102,30 @@ enum class ValueKind : std::uint8_t {
     metadata,   // operand of a debug intrinsic; nothing of it is kept
 };
 
+// clang-format off
 enum class Op : std::uint8_t {
     none,
     // Terminators.
-    ret,
-    br,
-    switch_,
-    unreachable,
-    invoke,
-    resume,
+    ret, br, switch_, unreachable, invoke, resume,
     // Memory.
-    alloca_,
-    load,
-    store,
-    getelementptr,
-    cmpxchg,
-    atomicrmw,
-    fence,
+    alloca_, load, store, getelementptr, cmpxchg, atomicrmw, fence,
     // Arithmetic.
-    add,
-    sub,
-    mul,
-    udiv,
-    sdiv,
-    urem,
-    srem,
-    shl,
-    lshr,
-    ashr,
-    and_,
-    or_,
-    xor_,
-    fadd,
-    fsub,
-    fmul,
-    fdiv,
-    frem,
-    fneg,
+    add, sub, mul, udiv, sdiv, urem, srem, shl, lshr, ashr, and_, or_, xor_,
+    fadd, fsub, fmul, fdiv, frem, fneg,
     // Conversions.
-    trunc,
-    zext,
-    sext,
-    fptrunc,
-    fpext,
-    fptosi,
-    fptoui,
-    sitofp,
-    uitofp,
-    ptrtoint,
-    inttoptr,
-    bitcast,
-    addrspacecast,
+    trunc, zext, sext, fptrunc, fpext, fptosi, fptoui, sitofp, uitofp, ptrtoint, inttoptr, bitcast, addrspacecast,
     // Others.
-    icmp,
-    fcmp,
-    phi,
-    select,
-    call,
-    extractvalue,
-    insertvalue,
-    landingpad,
-    freeze,
-    va_arg,
+    icmp, fcmp, phi, select, call, extractvalue, insertvalue, landingpad, freeze, va_arg,
 };
+// clang-format on
 
+// clang-format off
 enum class Predicate : std::uint8_t {
     none,
-    eq,
-    ne,
-    ugt,
-    uge,
-    ult,
-    ule,
-    sgt,
-    sge,
-    slt,
-    sle,
-    false_,
-    oeq,
-    ogt,
-    oge,
-    olt,
-    ole,
-    one,
-    ord,
-    ueq,
-    ugt_f,
-    uge_f,
-    ult_f,
-    ule_f,
-    une,
-    uno,
-    true_,
+    eq, ne, ugt, uge, ult, ule, sgt, sge, slt, sle,
+    false_, oeq, ogt, oge, olt, ole, one, ord, ueq, ugt_f, uge_f, ult_f, ule_f, une, uno, true_,
 };
+// clang-format on
 
 // One operand of a user, linked into the list of uses of its value.
 struct Use {
@@ -276,19 +206,12 @@ struct Function {
 
 // ---- Globals ----
 
+// clang-format off
 enum class Linkage : std::uint8_t {
-    external,
-    internal,
-    private_,
-    weak,
-    weak_odr,
-    linkonce,
-    linkonce_odr,
-    common,
-    appending,
-    extern_weak,
+    external, internal, private_, weak, weak_odr, linkonce, linkonce_odr, common, appending, extern_weak,
     available_externally,
 };
+// clang-format on
 
 enum class GlobalKind : std::uint8_t { variable, function, alias };
 
