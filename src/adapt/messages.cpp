@@ -125,6 +125,23 @@ void noteat(Function &function, const Value *inst, const std::string &text, bool
     addmessage(module, std::move(message));
 }
 
+void noteglobal(Module &module, const Global *global, const std::string &text, bool warning)
+{
+    Message message;
+    message.text = text;
+    message.warning = warning;
+    if (global != nullptr && global->kind == GlobalKind::function) {
+        message.function = demangled(global->name);
+    } else if (global != nullptr) {
+        message.text = demangled(global->name) + ": " + text;
+    }
+    if (global == nullptr || !setplace(module, global->location, message)) {
+        message.file = module.file;
+        message.line = global == nullptr ? 1 : global->line;
+    }
+    addmessage(module, std::move(message));
+}
+
 bool comesfirst(const Message &a, const Message &b)
 {
     return std::tie(a.file, a.line, a.column, a.text, a.function) <
@@ -165,16 +182,12 @@ void warn(Function &function, const Value *inst, const std::string &text)
 
 void refuse(Module &module, const Global *global, const std::string &text)
 {
-    Message message;
-    message.text = text;
-    if (global != nullptr && global->kind == GlobalKind::function) {
-        message.function = demangled(global->name);
-    }
-    if (global == nullptr || !setplace(module, global->location, message)) {
-        message.file = module.file;
-        message.line = global == nullptr ? 1 : global->line;
-    }
-    addmessage(module, std::move(message));
+    noteglobal(module, global, text, false);
+}
+
+void warn(Module &module, const Global *global, const std::string &text)
+{
+    noteglobal(module, global, text, true);
 }
 
 void refuseline(Module &module, std::size_t line, const std::string &text)
