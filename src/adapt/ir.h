@@ -389,6 +389,15 @@ bool parsebody(Function &function);
 
 // ---- verify.cpp ----
 
+// What is wrong with a function.
+struct Fault {
+    const Value *inst = nullptr;
+    std::string text;  // empty: nothing is
+};
+
+// Looks for blocks without an end, phis that don't fit their preds, and values that don't dominate their uses. Makes
+// preds and indices.
+Fault findfault(Function &function);
 // Checks uses, types, terminators, preds of phis and dominance of definitions; reports the first fault to standard
 // error after `when`, and ends the process with status 3. For debug builds and tests.
 void verify(Function &function, const char *when);

@@ -258,6 +258,14 @@ void checkbody(BodyReader &state)
         return;
     }
     checklocals(state);
+    if (state.bad) {
+        return;
+    }
+    const Fault fault = findfault(function);
+    if (!fault.text.empty()) {
+        refuse(function, fault.inst, fault.text);
+        state.bad = true;
+    }
 }
 
 }  // namespace

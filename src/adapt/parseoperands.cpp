@@ -558,8 +558,6 @@ void checkbinary(Reader &reader, Op op, const Type *type)
     }
 }
 
-namespace {
-
 bool fitscast(Op op, const Type *from, const Type *to)
 {
     const bool integers = from->kind == TypeKind::integer && to->kind == TypeKind::integer;
@@ -597,8 +595,6 @@ bool fitscast(Op op, const Type *from, const Type *to)
         return pointers;
     }
 }
-
-}  // namespace
 
 void checkcast(Reader &reader, Op op, const Type *from, const Type *to)
 {

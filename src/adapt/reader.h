@@ -94,6 +94,7 @@ Op findop(std::string_view word);
 bool isbinary(Op op);
 bool iscast(Op op);
 Predicate readpredicate(Reader &reader, Op op);
+bool fitscast(Op op, const Type *from, const Type *to);
 // Fails unless the operation takes operands of these types.
 void checkbinary(Reader &reader, Op op, const Type *type);
 void checkcast(Reader &reader, Op op, const Type *from, const Type *to);
