@@ -19,6 +19,11 @@ void lowerglobals(Module &module);
 // Makes the function reach such variables by a call at its start.
 void lowershared(Function &function);
 
+// ---- lowertables.cpp ----
+
+// Gives arrays that the front end writes as packed structures their type.
+void lowertables(Module &module);
+
 // ---- settletypes.cpp: structures as C has them ----
 
 // Settles names and layout of all structures that the lines outside of functions name.
@@ -43,6 +48,8 @@ std::int64_t writtenplace(const StructType &type, std::uint64_t index);
 void settlenames(Module &module);
 // A name in the characters of C: others become _.
 std::string plainname(std::string_view name);
+// The name to print of a global, also of one that a pass has made since.
+const std::string &writtenname(const Global &global);
 // A word of the language.
 bool iskeyword(std::string_view name);
 // A name that no local and no static of the input may have in C: a keyword, a word of the dialect, a function of the
@@ -64,6 +71,31 @@ void findcircles(Module &module);
 bool printsinline(const Global &global);
 // The definitions in the order to print: inline functions after those that they call, which spares quarl the search.
 std::vector<Global *> printorder(Module &module);
+
+// ---- Lowering to plain IR: from what the front end writes to what the structuring takes, in this order ----
+
+// Exceptions: an invoke is a call, landing pads go.
+void lowerinvoke(Function &function);
+// va_start, va_arg, va_end and va_copy become macros of runtime/varargs.h.
+void lowervarargs(Function &function);
+// Arrays of variable length become memory of malloc.
+void lowervla(Function &function);
+// Calls of llvm.* become instructions, functions of the C library or of runtime/bits.c.
+void lowerintrinsics(Function &function);
+// Atomic accesses become volatile ones, or functions of runtime/atomic.c.
+void loweratomics(Function &function);
+// Structures and arrays as values go through variables.
+void loweraggregates(Function &function);
+// Computed constants other than addresses become instructions.
+void hoistconstants(Function &function);
+// Integers of other widths, bits of floating-point numbers, pointers of other widths, copies of arguments.
+void lowerodd(Function &function);
+// Each way out of a scope with destructors gets a copy of them.
+void threadcleanups(Function &function);
+// The shared return becomes one in each place that jumps to it.
+void foldreturns(Function &function);
+// Variables go to the start of the entry block.
+void hoistallocas(Function &function);
 
 // ---- addresses.cpp: what constants come to ----
 
