@@ -1,0 +1,134 @@
+// The one return at the end of a function becomes one wherever the source has it.
+//
+//   if.then:
+//     store i16 -1, i16* %retval
+//     br label %return
+//   return:
+//     %0 = load i16, i16* %retval
+//     ret i16 %0
+// becomes
+//   if.then:
+//     ret i16 -1
+//
+// Where something is done between, destructors for instance, the variable stays:
+//     store i16 %n, i16* %retval
+//     call void @~A(%struct.A* %a)
+//     %1 = load i16, i16* %retval
+//     ret i16 %1
+//
+// Before: cleanups are threaded. After: no block that only returns is jumped to from elsewhere by br.
+#include "adapt/passes/copyblocks.h"
+#include "adapt/passes/edit.h"
+#include "adapt/passes/passes.h"
+
+namespace adapt {
+
+namespace {
+
+constexpr std::size_t most_instructions = 4;  // of a block that only returns
+constexpr std::size_t most_between = 8;       // instructions between a store and the load of it
+
+constexpr std::string_view slot_name = "retval";
+constexpr std::string_view block_name = "return";
+
+bool isplain(const Value *inst)
+{
+    return inst->op == Op::phi || inst->op == Op::load || inst->op == Op::getelementptr || inst->op == Op::ret ||
+           (inst->op >= Op::trunc && inst->op <= Op::addrspacecast);
+}
+
+// A block of the front end's that returns and does nothing else. Others, as at the end of an if, aren't copied: what
+// comes before them just goes on.
+bool onlyreturns(const Block *block)
+{
+    std::size_t count = 0;
+    bool shared = block->name.starts_with(block_name);
+    for (const Value *inst = block->first; inst != nullptr; inst = inst->next) {
+        shared = shared || (inst->op == Op::load && operand(inst, 0)->name.starts_with(slot_name));
+        if (!isplain(inst) || inst->is_volatile || ++count > most_instructions) {
+            return false;
+        }
+    }
+    return shared && block->last->op == Op::ret;
+}
+
+// What the load gives if the variable was stored right before.
+void forwardload(Value *load)
+{
+    const Value *inst = load->prev;
+    for (std::size_t i = 0; i < most_between && inst != nullptr; ++i, inst = inst->prev) {
+        if (inst->op == Op::store) {
+            Value *value = operand(inst, 0);
+            if (operand(inst, 1) == operand(load, 0) && value->type == load->type && !inst->is_volatile) {
+                replaceuses(load, value);
+                remove(load);
+            }
+            return;
+        }
+        if (inst->op == Op::call || inst->is_volatile) {
+            return;
+        }
+    }
+}
+
+void forwardloads(const Block *block)
+{
+    for (Value *inst : instsof(block)) {
+        if (inst->op == Op::load && operand(inst, 0)->op == Op::alloca_ && !inst->is_volatile) {
+            forwardload(inst);
+        }
+    }
+}
+
+// Gives each block that jumps here a copy.
+void copyreturn(Function &function, Block *block, std::vector<std::vector<Block *>> &after)
+{
+    Region region;
+    region.blocks = {block};
+    std::vector<Block *> preds = block->preds;
+    for (Block *pred : preds) {
+        bool jumps = false;
+        for (const Block *target : pred->last->targets) {
+            jumps = jumps || target == block;
+        }
+        if (!jumps) {
+            continue;  // the second edge of the same block
+        }
+        std::vector<Block *> made;
+        copyregion(function, region, pred, made);
+        if (pred->last->targets.size() == 1) {
+            mergeinto(pred, made.front());
+            forwardloads(pred);
+        } else {
+            after[pred->index].push_back(made.front());
+        }
+    }
+}
+
+}  // namespace
+
+void foldreturns(Function &function)
+{
+    numberblocks(function);
+    findpreds(function);
+    std::vector<std::vector<Block *>> after(function.blocks.size());
+    for (Block *block : function.blocks) {
+        if (block != function.blocks.front() && isclosed({{block}, 0}) && onlyreturns(block)) {
+            copyreturn(function, block, after);
+        }
+    }
+    std::vector<Block *> blocks;
+    for (Block *block : function.blocks) {
+        blocks.push_back(block);
+        blocks.insert(blocks.end(), after[block->index].begin(), after[block->index].end());
+    }
+    function.blocks = blocks;
+    removeunreachable(function);
+    for (Value *inst : instsof(function.blocks.front())) {
+        if (inst->op == Op::alloca_ && inst->name.starts_with(slot_name)) {
+            dropunread(inst);
+        }
+    }
+}
+
+}  // namespace adapt
