@@ -3,6 +3,8 @@
 
 #include "adapt/reader.h"
 
+#include <unordered_set>
+
 namespace adapt {
 
 struct BodyReader {
@@ -12,6 +14,7 @@ struct BodyReader {
     const char *statement = nullptr;  // where the current one begins
     std::size_t line = 0;             // of it
     bool bad = false;                 // an error was reported
+    std::unordered_set<std::string> reported;
 };
 
 // label %name

@@ -135,9 +135,11 @@ void noteglobal(Module &module, const Global *global, const std::string &text, b
     } else if (global != nullptr) {
         message.text = demangled(global->name) + ": " + text;
     }
-    if (global == nullptr || !setplace(module, global->location, message)) {
+    if (global == nullptr) {
+        message.file = module.source_filename.empty() ? module.file : module.source_filename;
+    } else if (!setplace(module, global->location, message)) {
         message.file = module.file;
-        message.line = global == nullptr ? 1 : global->line;
+        message.line = global->line;
     }
     addmessage(module, std::move(message));
 }
@@ -155,7 +157,10 @@ bool samemessage(const Message &a, const Message &b)
 
 void showmessage(const Message &message)
 {
-    std::string out = message.file + ":" + std::to_string(message.line) + ":";
+    std::string out = message.file + ":";
+    if (message.line != 0) {
+        out += std::to_string(message.line) + ":";
+    }
     if (message.column != 0) {
         out += std::to_string(message.column) + ":";
     }

@@ -181,20 +181,6 @@ void skipstatement(BodyReader &state)
     advance(lexer);
 }
 
-// The location that the text of a statement names, as an instruction keeps it.
-std::uint32_t locationin(std::string_view text)
-{
-    constexpr std::string_view mark = "!dbg !";
-    const std::size_t found = text.find(mark);
-    if (found == std::string_view::npos) {
-        return 0;
-    }
-    const std::string_view rest = text.substr(found + mark.size());
-    const std::string_view digits = rest.substr(0, rest.find_first_not_of("0123456789"));
-    const std::uint64_t number = digits.empty() ? UINT32_MAX : decimalnumber(digits);
-    return number < UINT32_MAX ? static_cast<std::uint32_t>(number + 1) : 0;
-}
-
 void reporterror(BodyReader &state)
 {
     Reader &reader = state.reader;
@@ -206,7 +192,9 @@ void reporterror(BodyReader &state)
     skipstatement(state);
     const char *end = reader.lexer.token.start;
     place.location = locationin({state.statement, static_cast<std::size_t>(end - state.statement)});
-    refuse(*reader.function, &place, text);
+    if (state.reported.insert(text).second) {  // once for each function
+        refuse(*reader.function, &place, text);
+    }
 }
 
 // ---- The whole ----

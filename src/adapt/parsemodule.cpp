@@ -13,7 +13,19 @@ namespace {
 // An initialiser that is still to be read, or what an alias stands for.
 struct Pending {
     Global *global = nullptr;
+    const char *statement = nullptr;
     Lexer lexer;
+};
+
+// A definition with the group of attributes that it names, which comes later.
+struct GroupUse {
+    const Global *global = nullptr;
+    std::string_view group;
+};
+
+struct LateError {
+    Global place;
+    std::string text;
 };
 
 struct ModuleReader {
@@ -22,6 +34,9 @@ struct ModuleReader {
     std::size_t line = 0;             // of it
     Global *current = nullptr;        // what the current statement defines
     std::vector<Pending> pending;
+    std::vector<LateError> errors;
+    std::vector<GroupUse> group_uses;
+    std::unordered_map<std::string_view, std::string> bad_groups;  // the first error in each
 };
 
 // ---- From line to line ----
@@ -58,18 +73,43 @@ void gotonextstatement(ModuleReader &state)
     advance(lexer);
 }
 
-void reporterror(ModuleReader &state)
+// The line in which a statement begins.
+std::string_view lineof(const ModuleReader &state, const char *statement)
+{
+    const std::string_view text = state.reader.module->text;
+    const auto start = static_cast<std::size_t>(statement - text.data());
+    return text.substr(start, text.find('\n', start) - start);
+}
+
+// Notes the error in the line of `statement`, at the C++ place that the line names.
+void noteerror(ModuleReader &state, const char *statement)
 {
     Reader &reader = state.reader;
     if (!reader.failed) {
         return;
     }
-    if (state.current != nullptr && state.current->location != 0) {
-        refuse(*reader.module, state.current, reader.error);
-    } else {
-        refuseline(*reader.module, reader.error_line, reader.error);
-    }
+    const std::string_view line = lineof(state, statement);
+    Global place;
+    place.location = locationin(line);
+    place.kind = line.starts_with('@') ? GlobalKind::variable : GlobalKind::function;
+    const std::string_view name = line.substr(std::min(line.find('@'), line.size() - 1) + 1);
+    place.name = name.substr(0, name.find_first_of("( "));
+    place.line = reader.error_line;
+    state.errors.push_back({std::move(place), reader.error});
     forgiveerror(reader);
+}
+
+// Metadata comes last in the input, so errors wait until it was read.
+void showerrors(ModuleReader &state)
+{
+    for (const LateError &error : state.errors) {
+        if (error.place.location != 0) {
+            refuse(*state.reader.module, &error.place, error.text);
+        } else {
+            refuseline(*state.reader.module, error.place.line, error.text);
+        }
+    }
+    state.errors.clear();
 }
 
 // The rest of the line from the start of the statement; the cursor goes to the next line.
@@ -241,11 +281,17 @@ void readgroup(ModuleReader &state)
     if (reader.lexer.token.kind != TokenKind::group) {
         failunexpected(reader, "the number of a group of attributes");
     }
+    const std::string_view group = reader.lexer.token.text;
     next(reader);
     expectpunct(reader, '=');
     expectpunct(reader, '{');
     skipfunctionattributes(reader);
     expectpunct(reader, '}');
+    if (reader.failed) {
+        state.bad_groups.emplace(group, reader.error);
+        forgiveerror(reader);
+        takeline(state);
+    }
 }
 
 // ---- Globals ----
@@ -343,7 +389,7 @@ void readvariable(ModuleReader &state)
     header.declared_only =
         !is_alias && has_linkage && (header.linkage == Linkage::external || header.linkage == Linkage::extern_weak);
     Global *global = addglobal(state, header);
-    state.pending.push_back({global, reader.lexer});
+    state.pending.push_back({global, state.statement, reader.lexer});
 }
 
 void readglobaltail(Reader &reader, Global &global)
@@ -421,12 +467,15 @@ void skiptypedvalue(Reader &reader)
 }
 
 // What stands after the parameters, up to the { or the end of a declaration.
-void readheadertail(Reader &reader, Global &global)
+void readheadertail(ModuleReader &state, Global &global)
 {
+    Reader &reader = state.reader;
     for (bool more = true; more && !reader.failed;) {
         const char *before = reader.lexer.token.start;
         skipheaderwords(reader);
-        skipfunctionattributes(reader);
+        for (const std::string_view group : skipfunctionattributes(reader)) {
+            state.group_uses.push_back({&global, group});
+        }
         const std::uint32_t location = readattachments(reader);
         global.location = location != 0 ? location : global.location;
         if (takeword(reader, "section")) {
@@ -495,7 +544,7 @@ void readfunction(ModuleReader &state)
     }
     header.type = functiontype(*reader.module, result, types, variadic);
     Global *global = addglobal(state, header);
-    readheadertail(reader, *global);
+    readheadertail(state, *global);
     if (!global->declared_only && !reader.failed) {
         if (!ispunct(reader, '{')) {
             failunexpected(reader, "'{'");
@@ -538,7 +587,8 @@ void readwordstatement(ModuleReader &state)
     } else if (isword(reader, "uselistorder") || isword(reader, "uselistorder_bb")) {
         takeline(state);
     } else if (isword(reader, "module")) {
-        fail(reader, "assembler code of the module");
+        refuse(*reader.module, nullptr, "assembler code of the module");
+        takeline(state);
     } else {
         failunexpected(reader, "a line of a module");
     }
@@ -578,7 +628,7 @@ void readstatements(ModuleReader &state)
             readstatement(state);
         }
         if (reader.failed) {
-            reporterror(state);
+            noteerror(state, state.statement);
             gotonextstatement(state);
         }
     }
@@ -605,10 +655,18 @@ void readinitialisers(ModuleReader &state)
             !startsline(*reader.module, reader.lexer.token.start)) {
             failunexpected(reader, "the end of the line");
         }
-        if (!reader.failed && global.thread_local_) {
-            fail(reader, "thread-local variable");
+        noteerror(state, pending.statement);
+    }
+}
+
+// Refuses the definitions whose attributes can't be had.
+void checkgroups(ModuleReader &state)
+{
+    for (const GroupUse &use : state.group_uses) {
+        const auto bad = state.bad_groups.find(use.group);
+        if (bad != state.bad_groups.end() && !use.global->declared_only) {
+            refuse(*state.reader.module, use.global, bad->second);
         }
-        reporterror(state);
     }
 }
 
@@ -621,7 +679,9 @@ void parsemodule(Module &module)
     state.reader.lexer = startlexer(module.text, 1, module.arena);
     readstatements(state);
     checkstructures(state.reader);
+    checkgroups(state);
     readinitialisers(state);
+    showerrors(state);
 }
 
 }  // namespace adapt

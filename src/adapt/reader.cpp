@@ -212,6 +212,19 @@ void skipbrackets(Reader &reader)
     } while (open > 0);
 }
 
+std::uint32_t locationin(std::string_view text)
+{
+    constexpr std::string_view mark = "!dbg !";
+    const std::size_t found = text.find(mark);
+    if (found == std::string_view::npos) {
+        return 0;
+    }
+    const std::string_view rest = text.substr(found + mark.size());
+    const std::string_view digits = rest.substr(0, rest.find_first_not_of("0123456789"));
+    const std::uint64_t number = digits.empty() ? UINT32_MAX : decimalnumber(digits);
+    return number < UINT32_MAX ? static_cast<std::uint32_t>(number + 1) : 0;
+}
+
 // The attachment at the cursor, which stands on its name.
 static std::uint32_t readattachment(Reader &reader)
 {
@@ -301,15 +314,17 @@ Attributes readattributes(Reader &reader, Type *type)
     return attributes;
 }
 
-void skipfunctionattributes(Reader &reader)
+std::vector<std::string_view> skipfunctionattributes(Reader &reader)
 {
-    do {
+    std::vector<std::string_view> groups;
+    for (;;) {
         readattributes(reader, voidtype(*reader.module));
         if (reader.lexer.token.kind != TokenKind::group) {
-            return;
+            return groups;
         }
+        groups.push_back(reader.lexer.token.text);
         next(reader);
-    } while (!reader.failed);
+    }
 }
 
 }  // namespace adapt

@@ -59,6 +59,8 @@ void expectword(Reader &reader, std::string_view word);
 void expectpunct(Reader &reader, char c);
 // Skips attachments: `!dbg !5`, `, !tbaa !7`. Returns the number of !dbg plus one, 0 if there is none.
 std::uint32_t readattachments(Reader &reader);
+// The location that the text of a statement names, as an instruction keeps it.
+std::uint32_t locationin(std::string_view text);
 // Skips from the current opening bracket over the closing one that belongs to it.
 void skipbrackets(Reader &reader);
 // A plain decimal number.
@@ -71,8 +73,8 @@ void skipheaderwords(Reader &reader);
 void skipfastmath(Reader &reader);
 // Attributes of a parameter, argument or result of this type, as far as they go.
 Attributes readattributes(Reader &reader, Type *type);
-// Attributes of a function: words, groups, strings.
-void skipfunctionattributes(Reader &reader);
+// Attributes of a function: words, groups, strings. Returns the numbers of the groups.
+std::vector<std::string_view> skipfunctionattributes(Reader &reader);
 
 // ---- Types (parsetypes.cpp), constants and operands (parseoperands.cpp) ----
 

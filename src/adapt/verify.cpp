@@ -184,6 +184,24 @@ bool checktargets(const Function &function, Fault &found)
     return true;
 }
 
+// Whether two values are the same or constants that are written alike; computed ones have a record for each place.
+bool samevalue(const Value *a, const Value *b)
+{
+    if (a == b) {
+        return true;
+    }
+    const bool alike = isconstant(a) && a->kind == b->kind && a->op == b->op && a->type == b->type &&
+                       a->predicate == b->predicate && a->element == b->element && a->number == b->number &&
+                       a->text == b->text && a->indices == b->indices && a->global == b->global &&
+                       a->operand_count == b->operand_count;
+    for (std::uint32_t i = 0; alike && i < a->operand_count; ++i) {
+        if (!samevalue(operand(a, i), operand(b, i))) {
+            return false;
+        }
+    }
+    return alike;
+}
+
 // Each edge into the block has a pair in the phi, and edges from one block the same value.
 bool checkpairs(const Value *phi, Fault &found)
 {
@@ -207,7 +225,7 @@ bool checkpairs(const Value *phi, Fault &found)
         if (pairs[i].block != preds[i]) {
             return fault(found, phi, "a phi with a pair for a block that doesn't lead to it");
         }
-        if (i > 0 && pairs[i].block == pairs[i - 1].block && pairs[i].value != pairs[i - 1].value) {
+        if (i > 0 && pairs[i].block == pairs[i - 1].block && !samevalue(pairs[i].value, pairs[i - 1].value)) {
             return fault(found, phi, "a phi with two values for one block");
         }
     }
