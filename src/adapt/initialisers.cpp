@@ -97,10 +97,35 @@ struct Flattening {
 
 void addvalue(Flattening &work, Type *type, Value *value, unsigned depth);
 
+// What a person would write as a string: nearly all characters are letters and the like.
+bool istext(std::string_view bytes)
+{
+    const std::size_t last = bytes.find_last_not_of('\0');
+    std::size_t odd = 0;
+    for (const char c : bytes.substr(0, last + 1)) {
+        const bool plain = (c >= ' ' && c <= '~') || (c >= '\t' && c <= '\r');
+        odd += plain ? 0U : 1U;
+    }
+    return odd * 4 <= last + 1;
+}
+
 void addtext(Flattening &work, Type *type, std::string_view bytes)
 {
-    const bool zero = std::all_of(bytes.begin(), bytes.end(), [](char c) { return c == '\0'; });
-    work.items.push_back({zero ? ItemKind::zero : ItemKind::text, type, nullptr, bytes});
+    const std::size_t last = bytes.find_last_not_of('\0');
+    if (last == std::string_view::npos) {
+        work.items.push_back({ItemKind::zero, type, nullptr, {}});
+        return;
+    }
+    if (istext(bytes)) {
+        work.items.push_back({ItemKind::text, type, nullptr, bytes});
+        return;
+    }
+    work.items.push_back({ItemKind::open, type, nullptr, {}});
+    for (const char c : bytes.substr(0, last + 1)) {
+        Value *byte = intconst(work.module, type->sub, static_cast<unsigned char>(c));
+        work.items.push_back({ItemKind::scalar, type->sub, byte, {}});
+    }
+    work.items.push_back({ItemKind::close, type, nullptr, {}});
 }
 
 // The value of a member at any depth; one of zeros gives itself.
@@ -211,7 +236,7 @@ std::string quoted(std::string_view bytes)
 
 std::string globaltext(const Global &global)
 {
-    return "@" + (global.written.empty() ? global.name : global.written);
+    return "@" + writtenname(global);
 }
 
 std::string typed(const Value *value)
@@ -294,7 +319,7 @@ bool isplainaddress(const Value *value, bool members, unsigned depth)
 // The address as a sum of bytes, with a cast around it.
 std::string sumtext(Module &module, const Type *type, const Address &address)
 {
-    const std::string base = typetext(address.global->value->type) + " " + globaltext(*address.global);
+    const std::string base = typetext(address.global->type) + "* " + globaltext(*address.global);
     const std::string width = "i" + std::to_string(module.layout.pointer_size * 8);
     std::string text = "bitcast (" + base + " to i8*)";
     if (address.offset != 0) {

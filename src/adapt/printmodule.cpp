@@ -202,7 +202,7 @@ struct VariableLine {
 
 void makeline(Module &module, Global &global, std::vector<VariableLine> &lines)
 {
-    std::string head = "@" + global.written + " = ";
+    std::string head = "@" + writtenname(global) + " = ";
     head += variablewords(global);
     head += (global.is_constant ? "constant " : "global ") + typetext(printedtype(module, global));
     std::string value;
@@ -302,13 +302,14 @@ void printvariables(Module &module, std::string &out)
 void printaliases(Module &module, std::string &out)
 {
     for (const Global &global : module.globals) {
-        if (global.kind != GlobalKind::alias || global.dropped || global.initialiser == nullptr ||
-            global.initialiser->kind != ValueKind::global) {
+        Address address;
+        if (global.kind != GlobalKind::alias || global.dropped || !findaddress(module, global.initialiser, address) ||
+            address.global == nullptr) {
             continue;
         }
-        const Global &target = *global.initialiser->global;
+        const Global &target = *address.global;
         const std::string type = typetext(target.type);
-        out += "@" + target.written + " = alias " + type + ", " + type + "* @" + global.written + "\n";
+        out += "@" + writtenname(target) + " = alias " + type + ", " + type + "* @" + writtenname(global) + "\n";
     }
 }
 
@@ -363,7 +364,7 @@ void printfunctionline(Module &module, const Global &global, const Function *fun
     std::string line = function != nullptr ? "define " : "declare ";
     line += function != nullptr ? functionwords(global) : "";
     line += extensionof(global, 0);
-    line += typetext(global.type->sub) + " @" + global.written + "(";
+    line += typetext(global.type->sub) + " @" + writtenname(global) + "(";
     printparams(global, function, line);
     line += function != nullptr ? ") {\n" : ")\n";
     if (line.size() > longest_line) {

@@ -74,7 +74,7 @@ std::string headof(const Global &global)
                        (global.linkage == Linkage::linkonce_odr && global.is_constant) ||
                        (global.linkage == Linkage::linkonce && global.is_constant);
     const std::string words = global.declared_only ? "extern " : local ? "static " : "";
-    return words + (global.is_constant ? "const " : "") + declared(global.type, global.written);
+    return words + (global.is_constant ? "const " : "") + declared(global.type, writtenname(global));
 }
 
 // ---- Values ----
@@ -87,7 +87,7 @@ std::string addresstext(const Module &module, const Type *type, const Value *val
     if (address.global == nullptr) {
         return (type->kind == TypeKind::pointer ? cast : "") + std::to_string(address.offset);
     }
-    const std::string &name = address.global->written;
+    const std::string &name = writtenname(*address.global);
     if (address.global->kind == GlobalKind::function && address.offset == 0) {
         return cast + name;
     }

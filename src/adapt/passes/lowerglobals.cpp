@@ -297,6 +297,7 @@ void lowerglobals(Module &module)
     }
     mergeused(module);
     sharevariables(module);
+    lowertables(module);
     for (const Global &global : module.globals) {
         if (!global.dropped) {
             checkwords(module, global);

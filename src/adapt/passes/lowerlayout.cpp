@@ -173,6 +173,15 @@ Value *lowered(Maker &maker, const Value *access, Value *base)
     return makepointer(maker, walk);
 }
 
+// Casts of casts become one, or none.
+Value *uncast(Value *constant)
+{
+    while (constant->kind == ValueKind::expression && constant->op == Op::bitcast) {
+        constant = operand(constant, 0);
+    }
+    return constant;
+}
+
 Value *lowerconstant(Module &module, Value *constant, unsigned depth)
 {
     if (constant->kind != ValueKind::expression || depth > deepest) {
@@ -181,8 +190,13 @@ Value *lowerconstant(Module &module, Value *constant, unsigned depth)
     bool changed = false;
     std::vector<Value *> operands;
     for (std::uint32_t i = 0; i < constant->operand_count; ++i) {
-        operands.push_back(lowerconstant(module, operand(constant, i), depth + 1));
-        changed = changed || operands.back() != operand(constant, i);
+        Value *value = operand(constant, i);
+        Value *inner = constant->op == Op::bitcast ? uncast(value) : value;
+        operands.push_back(lowerconstant(module, inner, depth + 1));
+        changed = changed || operands.back() != value;
+    }
+    if (constant->op == Op::bitcast && operands[0]->type == constant->type) {
+        return operands[0];
     }
     if (constant->op == Op::getelementptr && needswork(module, constant)) {
         Maker maker = {module};

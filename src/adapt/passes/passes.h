@@ -63,6 +63,11 @@ void lowerlayout(Function &function);
 // The same in a constant: itself, or a changed copy.
 Value *lowerlayout(Module &module, Value *constant);
 
+// ---- lowerunaligned.cpp ----
+
+// Copies what isn't aligned as its type wants, before a load and after a store.
+void lowerunaligned(Function &function);
+
 // ---- inlines.cpp ----
 
 // Finds the inline functions that call each other in a circle, by Global::calls of all definitions.

@@ -99,6 +99,11 @@ std::string plainname(std::string_view name)
     return plain;
 }
 
+const std::string &writtenname(const Global &global)
+{
+    return global.written.empty() ? global.name : global.written;
+}
+
 bool iskeyword(std::string_view name)
 {
     return std::find(std::begin(keywords), std::end(keywords), name) != std::end(keywords);
