@@ -157,6 +157,9 @@ struct Phi {
     Variable *variable = nullptr;
 };
 
+// How far a loop's header is written: its label, then the header itself within the loop, as the condition or in full.
+enum class Opened : std::uint8_t { no, tested, entered };
+
 struct Node {
     std::vector<Value *> items;       // instructions, the exit apart; a folded phi stands where its value is computed
     std::vector<Phi> phis;            // that aren't folded
@@ -177,8 +180,15 @@ struct Node {
     Node *dominator = nullptr;        // immediate
     std::vector<Node *> children;     // in the dominator tree
     Node *loop = nullptr;             // header of the innermost loop around it (for a header: its own)
+    Node *outer_loop = nullptr;       // of a header: the header of the loop around it
+    Node *outer_link = nullptr;       // scratch of the search for loops
+    std::uint32_t enter = 0;          // numbers of a walk over the dominator tree
+    std::uint32_t leave = 0;
     bool is_header = false;
+    bool is_set_apart = false;        // a loop writes it: what follows the loop, its step, its condition
+    Opened opened = Opened::no;
     bool labelled = false;            // a goto leads here
+    bool has_label = false;           // there is a place for its label
     bool placed = false;              // is written somewhere
     std::string label;
     std::uint32_t mark = 0;
@@ -215,8 +225,14 @@ enum class Fit : std::uint8_t { no, plain, comma };
 Fit fitexpression(Tree &tree, const std::vector<Value *> &items, Value *value);
 // The value that the first term of a condition tests, whose instructions stand before the condition.
 Value *firstvalue(const Condition *condition);
+// The opposite of a condition, by the laws of De Morgan.
+Expr *negate(Tree &tree, Expr *condition);
 // Order, dominators and loops of the nodes that the entry reaches.
 void analyse(Tree &tree, std::vector<Node *> &order);
+bool dominates(const Node *a, const Node *b);
+// The header of the loop around a loop, or null.
+Node *enclosing(const Node *header);
+bool isinloop(const Node *node, const Node *header);
 // Makes Tree::body.
 void structure(Tree &tree);
 // Names of variables and labels as C has them, unlike each other and the globals that the function uses.

@@ -216,51 +216,6 @@ bool sameexpr(const Expr *a, const Expr *b)
     return true;
 }
 
-Expr *negated(Tree &tree, Expr *expr)
-{
-    if (expr->kind == ExprKind::logical_and || expr->kind == ExprKind::logical_or) {
-        Expr *other = newexpr(
-            tree, expr->kind == ExprKind::logical_and ? ExprKind::logical_or : ExprKind::logical_and, expr->type);
-        for (Expr *term : expr->operands) {
-            other->operands.push_back(negated(tree, term));
-        }
-        settle(other);
-        return other;
-    }
-    if (expr->kind == ExprKind::comma) {
-        Expr *other = newexpr(tree, ExprKind::comma, expr->type);
-        other->statements = expr->statements;
-        other->effects = expr->effects;
-        other->operands = {negated(tree, expr->operands[0])};
-        settle(other);
-        return other;
-    }
-    if (expr->kind == ExprKind::choice) {
-        Expr *other = newexpr(tree, ExprKind::choice, expr->type);
-        other->operands = {expr->operands[0], negated(tree, expr->operands[1]), negated(tree, expr->operands[2])};
-        settle(other);
-        return other;
-    }
-    if (expr->kind == ExprKind::constant && expr->value->kind == ValueKind::integer) {
-        return constantof(tree, intconst(*tree.function->module, expr->type, expr->value->number == 0 ? 1 : 0));
-    }
-    Expr *other = newexpr(tree, ExprKind::operation, expr->type);
-    if (expr->kind == ExprKind::operation && (expr->op == Op::icmp || expr->op == Op::fcmp)) {
-        other->op = expr->op;
-        other->predicate = inversepredicate(expr->predicate);
-        other->operands = expr->operands;
-    } else if (expr->kind == ExprKind::operation && expr->op == Op::xor_ && isinteger(expr->type, 1) &&
-               expr->operands[1]->kind == ExprKind::constant && expr->operands[1]->value->number == 1) {
-        return expr->operands[0];
-    } else {
-        other->op = Op::icmp;
-        other->predicate = Predicate::eq;
-        other->operands = {expr, constantof(tree, intconst(*tree.function->module, expr->type, 0))};
-    }
-    settle(other);
-    return other;
-}
-
 // ---- The builder ----
 
 struct Info {
@@ -703,7 +658,7 @@ void buildplain(Builder &builder, Value *inst)
     }
     if (inst->op == Op::xor_ && isinteger(inst->type, 1) && operands[1]->kind == ExprKind::constant &&
         operands[1]->value->kind == ValueKind::integer && operands[1]->value->number == 1) {
-        produce(builder, inst, negated(builder.tree, operands[0]));
+        produce(builder, inst, negate(builder.tree, operands[0]));
         return;
     }
     Expr *expr = nullptr;
@@ -796,7 +751,7 @@ Expr *conditionexpr(Builder &builder, const Condition *condition)
     if (expr->depth > deepest_tree) {
         builder.failed = true;
     }
-    return condition->negated ? negated(builder.tree, expr) : expr;
+    return condition->negated ? negate(builder.tree, expr) : expr;
 }
 
 void buildfolded(Builder &builder, Value *phi, const Folded *folded)
@@ -943,6 +898,51 @@ void buildnode(Tree &tree, Node *node)
 }
 
 }  // namespace
+
+Expr *negate(Tree &tree, Expr *expr)
+{
+    if (expr->kind == ExprKind::logical_and || expr->kind == ExprKind::logical_or) {
+        Expr *other = newexpr(
+            tree, expr->kind == ExprKind::logical_and ? ExprKind::logical_or : ExprKind::logical_and, expr->type);
+        for (Expr *term : expr->operands) {
+            other->operands.push_back(negate(tree, term));
+        }
+        settle(other);
+        return other;
+    }
+    if (expr->kind == ExprKind::comma) {
+        Expr *other = newexpr(tree, ExprKind::comma, expr->type);
+        other->statements = expr->statements;
+        other->effects = expr->effects;
+        other->operands = {negate(tree, expr->operands[0])};
+        settle(other);
+        return other;
+    }
+    if (expr->kind == ExprKind::choice) {
+        Expr *other = newexpr(tree, ExprKind::choice, expr->type);
+        other->operands = {expr->operands[0], negate(tree, expr->operands[1]), negate(tree, expr->operands[2])};
+        settle(other);
+        return other;
+    }
+    if (expr->kind == ExprKind::constant && expr->value->kind == ValueKind::integer) {
+        return constantof(tree, intconst(*tree.function->module, expr->type, expr->value->number == 0 ? 1 : 0));
+    }
+    Expr *other = newexpr(tree, ExprKind::operation, expr->type);
+    if (expr->kind == ExprKind::operation && (expr->op == Op::icmp || expr->op == Op::fcmp)) {
+        other->op = expr->op;
+        other->predicate = inversepredicate(expr->predicate);
+        other->operands = expr->operands;
+    } else if (expr->kind == ExprKind::operation && expr->op == Op::xor_ && isinteger(expr->type, 1) &&
+               expr->operands[1]->kind == ExprKind::constant && expr->operands[1]->value->number == 1) {
+        return expr->operands[0];
+    } else {
+        other->op = Op::icmp;
+        other->predicate = Predicate::eq;
+        other->operands = {expr, constantof(tree, intconst(*tree.function->module, expr->type, 0))};
+    }
+    settle(other);
+    return other;
+}
 
 Fit fitexpression(Tree &tree, const std::vector<Value *> &items, Value *value)
 {
