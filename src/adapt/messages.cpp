@@ -95,8 +95,12 @@ bool setplace(const Module &module, std::uint32_t location, Message &message)
 
 // ---- Messages ----
 
+// Only names of C++: a short one of C may be the code of a type.
 std::string demangled(const std::string &name)
 {
+    if (!name.starts_with("_Z")) {
+        return name;
+    }
     int status = 0;
     char *text = abi::__cxa_demangle(name.c_str(), nullptr, nullptr, &status);
     std::string out = status == 0 && text != nullptr ? text : name;

@@ -20,7 +20,7 @@ Value *bytesof(Value *place, Value *pointer)
     return putbitcast(place, pointer, pointerto(module, inttype(module, 8)));
 }
 
-void putcopy(Value *place, Value *to, Value *from, const Type *type)
+void putmemcpy(Value *place, Value *to, Value *from, const Type *type)
 {
     Module &module = *place->block->function->module;
     Type *bytes = pointerto(module, inttype(module, 8));
@@ -31,6 +31,29 @@ void putcopy(Value *place, Value *to, Value *from, const Type *type)
     putcall(place, copy,
             {bytesof(place, to), bytesof(place, from), intconst(module, size, sizeoftype(module, type)),
              intconst(module, flag, 0)});
+}
+
+// Each byte once, which memcpy doesn't promise.
+void putvolatilecopy(Value *place, Value *to, Value *from, const Type *type)
+{
+    Module &module = *place->block->function->module;
+    Type *byte = inttype(module, 8);
+    Value *target = bytesof(place, to);
+    Value *source = bytesof(place, from);
+    for (std::size_t i = 0; i < sizeoftype(module, type); ++i) {
+        Value *load = putload(place, putoffset(place, source, byte, i), byte);
+        load->is_volatile = true;
+        putstore(place, load, putoffset(place, target, byte, i))->is_volatile = true;
+    }
+}
+
+void putcopy(Value *access, Value *to, Value *from, const Type *type)
+{
+    if (access->is_volatile) {
+        putvolatilecopy(access, to, from, type);
+    } else {
+        putmemcpy(access, to, from, type);
+    }
 }
 
 void lowerload(Function &function, Value *load)
@@ -67,9 +90,7 @@ void lowerunaligned(Function &function)
             if (!isunaligned(*function.module, inst)) {
                 continue;
             }
-            if (inst->is_volatile) {
-                refuse(function, inst, "volatile access to an unaligned address");
-            } else if (inst->op == Op::load) {
+            if (inst->op == Op::load) {
                 lowerload(function, inst);
             } else {
                 lowerstore(function, inst);
