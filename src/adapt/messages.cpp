@@ -101,6 +101,9 @@ std::string demangled(const std::string &name)
     if (!name.starts_with("_Z")) {
         return name;
     }
+    if (!name.starts_with("_Z")) {
+        return name;  // it could be the code of a type: f is float
+    }
     int status = 0;
     char *text = abi::__cxa_demangle(name.c_str(), nullptr, nullptr, &status);
     std::string out = status == 0 && text != nullptr ? text : name;

@@ -192,7 +192,8 @@ void reporterror(BodyReader &state)
     skipstatement(state);
     const char *end = reader.lexer.token.start;
     place.location = locationin({state.statement, static_cast<std::size_t>(end - state.statement)});
-    if (state.reported.insert(text).second) {  // once for each function
+    constexpr std::size_t most_errors = 20;  // of a function; and each reason once
+    if (state.reported.size() < most_errors && state.reported.insert(text).second) {
         refuse(*reader.function, &place, text);
     }
 }
