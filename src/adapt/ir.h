@@ -286,6 +286,8 @@ struct Module {
     std::deque<Global> globals;  // in the order of the input
     NameMap<Global> global_by_name;
     NameMap<StructType> struct_by_name;
+    Type *plain_types[11] = {};    // by kind; those that are of one kind alone
+    Type *integer_types[65] = {};  // by bits
     std::unordered_multimap<std::size_t, Type *> type_by_hash;
     std::unordered_multimap<std::size_t, Value *> constant_by_hash;  // of one number or none
     std::vector<std::string_view>

@@ -63,9 +63,13 @@ Type *intern(Module &module, const Type &type)
 
 Type *plaintype(Module &module, TypeKind kind)
 {
-    Type type;
-    type.kind = kind;
-    return intern(module, type);
+    Type *&known = module.plain_types[static_cast<std::size_t>(kind)];
+    if (known == nullptr) {
+        Type type;
+        type.kind = kind;
+        known = intern(module, type);
+    }
+    return known;
 }
 
 std::size_t roundup(std::size_t size, std::size_t align)
@@ -188,10 +192,17 @@ Type *voidtype(Module &module)
 
 Type *inttype(Module &module, std::uint32_t bits)
 {
+    if (bits < std::size(module.integer_types) && module.integer_types[bits] != nullptr) {
+        return module.integer_types[bits];
+    }
     Type type;
     type.kind = TypeKind::integer;
     type.bits = bits;
-    return intern(module, type);
+    Type *made = intern(module, type);
+    if (bits < std::size(module.integer_types)) {
+        module.integer_types[bits] = made;
+    }
+    return made;
 }
 
 Type *floattype(Module &module)
