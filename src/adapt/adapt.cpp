@@ -27,6 +27,8 @@ constexpr Pass passes[] = {
     {"hoistconstants", hoistconstants},      // computed constants are addresses
     {"lowerodd", lowerodd},                  // integers of 1, 8, 16, 32 and 64 bits only
     {"lowerlayout", lowerlayout},            // members by place only where they are written in that place
+    {"lowerunaligned", lowerunaligned},      // no load or store is aligned by less than its type
+    {"lowernan", lowernan},                  // no operand is a constant that isn't a number
     {"threadcleanups", threadcleanups},      // ways out of a scope don't meet in a switch, up to a size
     {"foldreturns", foldreturns},            // a return stands where it is jumped from
     {"hoistallocas", hoistallocas},          // all variables at the start of the entry block
@@ -181,12 +183,13 @@ void adaptmodule(Module &module, const AdaptOptions &options, std::string &out, 
     }
     findcircles(module);
     printmodulehead(module, out);
-    for (const Global *global : printorder(module)) {
-        if (const auto found = bodies.find(global); found != bodies.end()) {
-            printdefinition(module, *global, found->second, out);
-        } else if (global->kind == GlobalKind::function && !global->dropped) {
-            printdeclaration(module, *global, out);
+    for (const Global &global : module.globals) {
+        if (global.kind == GlobalKind::function && global.declared_only && !global.dropped) {
+            printdeclaration(module, global, out);
         }
+    }
+    for (const Global *global : printorder(module)) {
+        printdefinition(module, *global, bodies.at(global), out);
     }
     printmetadata(module, out);
     printtail(module, tail);

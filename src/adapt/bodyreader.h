@@ -12,7 +12,6 @@ struct BodyReader {
     Locals locals;
     Block *block = nullptr;           // that is being filled; null after a terminator
     const char *statement = nullptr;  // where the current one begins
-    std::size_t line = 0;             // of it
     bool bad = false;                 // an error was reported
     std::unordered_set<std::string> reported;
 };

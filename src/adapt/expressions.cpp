@@ -631,12 +631,29 @@ Operand printload(BodyPrinter &printer, const Expr *expr)
     return result;
 }
 
+// quarl writes `->` after these without the parentheses that C needs.
+bool bindsloosely(const Expr *pointer)
+{
+    if (pointer->kind == ExprKind::choice || pointer->kind == ExprKind::assign) {
+        return true;
+    }
+    if (pointer->kind != ExprKind::operation || pointer->op != Op::load) {
+        return false;
+    }
+    const Expr *address = pointer->operands[0];
+    const bool named = address->kind == ExprKind::address || address->kind == ExprKind::constant;
+    return pointer->is_volatile || (!named && address->op != Op::getelementptr);
+}
+
 Operand printgep(BodyPrinter &printer, const Expr *expr)
 {
     std::string text = "getelementptr inbounds " + typetext(expr->value->element);
     for (std::size_t place = 0; place < expr->operands.size(); ++place) {
         const Expr *part = expr->operands[place];
         Operand operand = place == 0 ? printexpr(printer, part) : printneeded(printer, part, Need::bits);
+        if (place == 0 && bindsloosely(part)) {
+            operand = castto(printer, part->type, operand);
+        }
         if (place > 0 && !operand.is_signed && !operand.type_unsigned) {
             operand = castto(printer, part->type, operand);
         }

@@ -94,7 +94,7 @@ void startblock(BodyReader &state, const Token &name)
 void takeinstruction(BodyReader &state, Value *inst, const Token &name)
 {
     Reader &reader = state.reader;
-    inst->line = static_cast<std::uint32_t>(state.line);
+    inst->line = static_cast<std::uint32_t>(state.reader.line);
     if (inst->type->kind != TypeKind::void_type) {
         inst->name = plainname(name);
         definevalue(reader, definedlocal(reader, name), inst);
@@ -171,7 +171,7 @@ void skipstatement(BodyReader &state)
     }
     const std::size_t most = std::max<std::size_t>(indentation(lexer, line), 1);
     lexer.at = state.statement;
-    lexer.line = state.line;
+    lexer.line = state.reader.line;
     do {
         skipline(lexer);
     } while (lexer.at < lexer.end &&
@@ -314,7 +314,7 @@ bool parsebody(Function &function)
     reader.function = &function;
     reader.locals = &state.locals;
     state.statement = function.global->body.data();
-    state.line = function.global->body_line;
+    state.reader.line = function.global->body_line;
     reader.lexer = startlexer(function.global->body, function.global->body_line, function.arena);
     readparams(reader);
     while (reader.lexer.token.kind != TokenKind::end || reader.failed) {
@@ -323,7 +323,8 @@ bool parsebody(Function &function)
             continue;
         }
         state.statement = reader.lexer.token.start;
-        state.line = reader.lexer.token.line;
+        reader.line = reader.lexer.token.line;
+        reader.last_line = 0;
         if (reader.lexer.token.kind == TokenKind::fault) {
             fail(reader, "a character or quote that IR doesn't have here");
         } else {

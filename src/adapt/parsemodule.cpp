@@ -31,7 +31,6 @@ struct LateError {
 struct ModuleReader {
     Reader reader;
     const char *statement = nullptr;  // where the current one begins
-    std::size_t line = 0;             // of it
     Global *current = nullptr;        // what the current statement defines
     std::vector<Pending> pending;
     std::vector<LateError> errors;
@@ -245,7 +244,7 @@ void readtypeline(ModuleReader &state)
     Reader &reader = state.reader;
     StructType *structure = structnamed(*reader.module, reader.lexer.token.text);
     const bool repeated = structure->line != 0;
-    structure->line = state.line;
+    structure->line = state.reader.line;
     next(reader);
     expectpunct(reader, '=');
     expectword(reader, "type");
@@ -346,7 +345,7 @@ Global *addglobal(ModuleReader &state, const Global &header)
 {
     Module &module = *state.reader.module;
     Global &made = module.globals.emplace_back(header);
-    made.line = state.line;
+    made.line = state.reader.line;
     Value &value = module.arena.values.emplace_back();
     value.kind = ValueKind::global;
     value.type = pointerto(module, made.type);
@@ -384,12 +383,16 @@ void readvariable(ModuleReader &state)
     if (header.type->kind == TypeKind::void_type || header.type->kind == TypeKind::label ||
         header.type->kind == TypeKind::metadata || (header.type->kind == TypeKind::function && !is_alias)) {
         fail(reader, "a variable of type " + typetext(header.type));
+    }
+    if (reader.failed) {
         return;
     }
     header.declared_only =
         !is_alias && has_linkage && (header.linkage == Linkage::external || header.linkage == Linkage::extern_weak);
     Global *global = addglobal(state, header);
-    state.pending.push_back({global, state.statement, reader.lexer});
+    if (!reader.failed) {
+        state.pending.push_back({global, state.statement, reader.lexer});
+    }
 }
 
 void readglobaltail(Reader &reader, Global &global)
@@ -620,7 +623,8 @@ void readstatements(ModuleReader &state)
     Reader &reader = state.reader;
     while (reader.lexer.token.kind != TokenKind::end) {
         state.statement = reader.lexer.token.start;
-        state.line = reader.lexer.token.line;
+        reader.line = reader.lexer.token.line;
+        reader.last_line = 0;
         state.current = nullptr;
         if (reader.lexer.token.kind == TokenKind::fault) {
             fail(reader, "a character or quote that IR doesn't have here");
@@ -641,6 +645,7 @@ void readinitialisers(ModuleReader &state)
         Global &global = *pending.global;
         state.current = &global;
         reader.lexer = pending.lexer;
+        reader.line = reader.last_line = global.line;
         if (reader.lexer.token.kind == TokenKind::fault) {
             fail(reader, "a character or quote that IR doesn't have here");
         }

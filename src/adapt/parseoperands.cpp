@@ -309,7 +309,7 @@ Value *readglobal(Reader &reader, Type *type)
 {
     const auto found = reader.module->global_by_name.find(reader.lexer.token.text);
     if (found == reader.module->global_by_name.end()) {
-        fail(reader, "'@" + std::string(reader.lexer.token.text.substr(0, 80)) + "' isn't defined or declared");
+        fail(reader, "'@" + std::string(reader.lexer.token.text.substr(0, 80)) + "' is refused or not declared");
         return harmless(reader, type);
     }
     Value *value = found->second->value;

@@ -1,6 +1,8 @@
 // The cursor of the parser, and the words that say nothing to C.
 #include "adapt/reader.h"
 
+#include <algorithm>
+
 namespace adapt {
 
 namespace {
@@ -121,7 +123,9 @@ void fail(Reader &reader, const std::string &text)
     if (!reader.failed) {
         reader.failed = true;
         reader.error = text;
-        reader.error_line = reader.lexer.token.line;
+        // What is missing at the end of a line shows only at the next one.
+        const std::size_t line = reader.lexer.token.line;
+        reader.error_line = reader.last_line >= reader.line ? std::min(line, reader.last_line) : line;
         reader.lexer.token.kind = TokenKind::end;
         reader.lexer.token.text = {};
     }
@@ -144,6 +148,7 @@ void next(Reader &reader)
     if (reader.failed) {
         return;
     }
+    reader.last_line = reader.lexer.token.line;
     advance(reader.lexer);
     if (reader.lexer.token.kind == TokenKind::fault) {
         fail(reader, "a character or quote that IR doesn't have here");

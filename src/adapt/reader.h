@@ -35,9 +35,11 @@ struct Reader {
     Module *module = nullptr;
     Function *function = nullptr;  // while a body is read
     Locals *locals = nullptr;
-    unsigned depth = 0;    // of types and constants in each other
-    bool lenient = false;  // types that C lacks are let through, as in a declaration that nobody may use
-    std::string foreign;   // the first type that was let through so
+    std::size_t line = 0;       // of the current statement
+    std::size_t last_line = 0;  // of the token before the current one
+    unsigned depth = 0;         // of types and constants in each other
+    bool lenient = false;       // types that C lacks are let through, as in a declaration that nobody may use
+    std::string foreign;        // the first type that was let through so
     bool failed = false;
     std::string error;
     std::size_t error_line = 0;

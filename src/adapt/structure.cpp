@@ -549,7 +549,13 @@ Node *writebranch(Walk &walk, Node *node, Stmts &out, const Scope &scope)
         }
         stmt->body.swap(stmt->other);
     }
-    writearm(walk, node, yes, stmt->body, scope);
+    Scope inner = scope;
+    // What the front end calls the end of an if is no else: the first arm leaves.
+    if (begins(no, labels::if_end) && isinline(node, no) && scope.next != nullptr &&
+        (scope.next == scope.continue_target || (scope.has_break && scope.next == scope.break_target))) {
+        inner.next = nullptr;
+    }
+    writearm(walk, node, yes, stmt->body, inner);
     if (leaves(stmt->body) && stmt->other.empty()) {
         return no;
     }

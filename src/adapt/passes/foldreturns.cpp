@@ -26,7 +26,7 @@ namespace adapt {
 namespace {
 
 constexpr std::size_t most_instructions = 4;  // of a block that only returns
-constexpr std::size_t most_between = 8;       // instructions between a store and the load of it
+constexpr std::size_t most_between = 16;      // instructions between a store and the load of it
 
 constexpr std::string_view slot_name = "retval";
 constexpr std::string_view block_name = "return";
@@ -52,32 +52,53 @@ bool onlyreturns(const Block *block)
     return shared && block->last->op == Op::ret;
 }
 
-// What the load gives if the variable was stored right before.
+// What the load gives if the variable was stored before in this block: the value itself if nothing happens between, a
+// constant also if other functions are called, as they don't know the variable.
 void forwardload(Value *load)
 {
+    const Value *slot = operand(load, 0);
+    bool called = false;
     const Value *inst = load->prev;
     for (std::size_t i = 0; i < most_between && inst != nullptr; ++i, inst = inst->prev) {
-        if (inst->op == Op::store) {
+        if (inst->op == Op::store && operand(inst, 1) == slot) {
             Value *value = operand(inst, 0);
-            if (operand(inst, 1) == operand(load, 0) && value->type == load->type && !inst->is_volatile) {
+            if (value->type == load->type && (!called || isintconst(value))) {
                 replaceuses(load, value);
                 remove(load);
             }
             return;
         }
-        if (inst->op == Op::call || inst->is_volatile) {
-            return;
+        called = called || inst->op == Op::call || inst->op == Op::store || inst->is_volatile;
+    }
+}
+
+// Takes out a store to the variable that nothing reads until the return.
+void dropstore(const Value *end, std::string_view name)
+{
+    Value *inst = end->prev;
+    for (std::size_t i = 0; i < most_between && inst != nullptr; ++i, inst = inst->prev) {
+        const bool stores = inst->op == Op::store && !inst->is_volatile;
+        const Value *address = inst->op == Op::load ? operand(inst, 0) : stores ? operand(inst, 1) : nullptr;
+        if (address == nullptr || !address->name.starts_with(name) || address->op != Op::alloca_) {
+            continue;
         }
+        if (stores && isplainslot(address)) {
+            remove(inst);
+        }
+        return;
     }
 }
 
 void forwardloads(const Block *block)
 {
-    for (Value *inst : instsof(block)) {
-        if (inst->op == Op::load && operand(inst, 0)->op == Op::alloca_ && !inst->is_volatile) {
+    for (Value *inst = block->last; inst != nullptr && isplain(inst);) {
+        Value *before = inst->prev;
+        if (inst->op == Op::load && !inst->is_volatile && isplainslot(operand(inst, 0))) {
             forwardload(inst);
         }
+        inst = before;
     }
+    dropstore(block->last, slot_name);
 }
 
 // Gives each block that jumps here a copy.

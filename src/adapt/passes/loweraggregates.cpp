@@ -31,6 +31,7 @@ constexpr std::uint64_t most_elements = 64;  // of an array that are copied or s
 constexpr std::uint64_t most_zeros = 8;      // members that are set to zero one by one
 constexpr std::uint32_t most_between = 64;   // instructions between a load and its user
 constexpr std::uint32_t direct = 1;          // mark of a value that is used as it stands
+constexpr std::uint32_t hidden = 2;          // mark of a variable that only loads and stores know
 constexpr std::string_view variable_name = "parts";
 
 // ---- Types ----
@@ -157,6 +158,8 @@ void putconstant(Value *place, const Value *constant, Value *to)
 
 // ---- Variables of values ----
 
+bool staysuntil(const Value *load, const Value *end);
+
 Value *slotof(Function &function, Value *value)
 {
     if (value->note == nullptr) {
@@ -181,6 +184,9 @@ void putvalue(Value *place, Value *value, Value *to, bool is_volatile)
 {
     if (isconstant(value)) {
         putconstant(place, value, to);
+    } else if (value->op == Op::load && value->block == place->block && !value->is_volatile &&
+               staysuntil(value, place)) {
+        putcopy(place, operand(value, 0), to, value->type, is_volatile);
     } else {
         putcopy(place, slotof(*place->block->function, value), to, value->type, is_volatile);
     }
@@ -198,28 +204,35 @@ Value *putpath(Value *place, Value *pointer, Type *type, const std::vector<std::
 
 // ---- Values that can stay ----
 
-bool writes(const Value *inst)
+// Whether an instruction may change what was loaded.
+bool changes(const Value *inst, const Value *load)
 {
-    return inst->op == Op::store || inst->op == Op::call;
+    if (inst->op != Op::store) {
+        return inst->op == Op::call;
+    }
+    const Value *to = operand(inst, 1);
+    return inst->is_volatile || to->mark != hidden || to == operand(load, 0);
 }
 
-// The load and its only user stand so that nothing is written between.
-bool loadedatuse(const Value *load)
+// What was loaded is still in memory where `end` stands, in the same block.
+bool staysuntil(const Value *load, const Value *end)
 {
-    const Value *user = load->uses->user;
-    if (user->op != Op::store && user->op != Op::call && user->op != Op::ret) {
-        return false;
-    }
     const Value *inst = load->next;
     for (std::uint32_t i = 0; i < most_between && inst != nullptr; ++i, inst = inst->next) {
-        if (inst == user) {
+        if (inst == end) {
             return true;
         }
-        if (writes(inst)) {
+        if (changes(inst, load)) {
             return false;
         }
     }
     return false;
+}
+
+bool loadedatuse(const Value *load)
+{
+    const Value *user = load->uses->user;
+    return (user->op == Op::store || user->op == Op::call || user->op == Op::ret) && staysuntil(load, user);
 }
 
 // The result of a call, or a parameter, is stored and nothing else.
@@ -465,12 +478,28 @@ bool prepare(Function &function)
 
 void markvalue(Value *value)
 {
-    value->note = nullptr;
-    value->mark = isvalue(value) && hasuses(value) && isdirect(value) ? direct : 0;
+    if (isvalue(value) && hasuses(value) && isdirect(value)) {
+        value->mark = direct;
+    }
+}
+
+void markslots(const Function &function)
+{
+    for (Value *param : function.params) {
+        param->mark = 0;
+        param->note = nullptr;
+    }
+    for (const Block *block : function.blocks) {
+        for (Value *inst = block->first; inst != nullptr; inst = inst->next) {
+            inst->mark = inst->op == Op::alloca_ && isplainslot(inst) ? hidden : 0;
+            inst->note = nullptr;
+        }
+    }
 }
 
 void markvalues(const Function &function)
 {
+    markslots(function);
     for (Value *param : function.params) {
         markvalue(param);
     }

@@ -68,6 +68,11 @@ Value *lowerlayout(Module &module, Value *constant);
 // Copies what isn't aligned as its type wants, before a load and after a store.
 void lowerunaligned(Function &function);
 
+// ---- lowernan.cpp ----
+
+// Loads what isn't a number from a constant variable.
+void lowernan(Function &function);
+
 // ---- inlines.cpp ----
 
 // Finds the inline functions that call each other in a circle, by Global::calls of all definitions.
