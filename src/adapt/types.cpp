@@ -183,6 +183,16 @@ std::string structuretext(const Type *type)
     return out;
 }
 
+// An integer of a width that no value has in what is written, or an array of such. Only its address is.
+bool isunwritten(const Type *type)
+{
+    while (type->kind == TypeKind::array) {
+        type = type->sub;
+    }
+    const std::uint32_t bits = type->kind == TypeKind::integer ? type->bits : 8;
+    return bits != 1 && bits != 8 && bits != 16 && bits != 32 && bits != 64;
+}
+
 }  // namespace
 
 Type *voidtype(Module &module)
@@ -310,7 +320,7 @@ std::string typetext(const Type *type)
     case TypeKind::double_type:
         return "double";
     case TypeKind::pointer:
-        return type->sub == nullptr ? "ptr" : typetext(type->sub) + "*";
+        return type->sub == nullptr ? "ptr" : (isunwritten(type->sub) ? "i8" : typetext(type->sub)) + "*";
     case TypeKind::array:
         return "[" + std::to_string(type->count) + " x " + typetext(type->sub) + "]";
     case TypeKind::structure:
