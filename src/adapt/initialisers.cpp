@@ -109,23 +109,26 @@ bool istext(std::string_view bytes)
     return odd * 4 <= last + 1;
 }
 
-void addtext(Flattening &work, Type *type, std::string_view bytes)
+void addnumbers(Flattening &work, Type *type, std::string_view bytes)
 {
-    const std::size_t last = bytes.find_last_not_of('\0');
-    if (last == std::string_view::npos) {
-        work.items.push_back({ItemKind::zero, type, nullptr, {}});
-        return;
-    }
-    if (istext(bytes)) {
-        work.items.push_back({ItemKind::text, type, nullptr, bytes});
-        return;
-    }
     work.items.push_back({ItemKind::open, type, nullptr, {}});
-    for (const char c : bytes.substr(0, last + 1)) {
+    for (const char c : bytes) {
         Value *byte = intconst(work.module, type->sub, static_cast<unsigned char>(c));
         work.items.push_back({ItemKind::scalar, type->sub, byte, {}});
     }
     work.items.push_back({ItemKind::close, type, nullptr, {}});
+}
+
+void addtext(Flattening &work, Type *type, std::string_view bytes, bool numbers)
+{
+    const std::size_t last = bytes.find_last_not_of('\0');
+    if (last == std::string_view::npos) {
+        work.items.push_back({ItemKind::zero, type, nullptr, {}});
+    } else if (numbers || !istext(bytes)) {
+        addnumbers(work, type, bytes.substr(0, last + 1));
+    } else {
+        work.items.push_back({ItemKind::text, type, nullptr, bytes});
+    }
 }
 
 // The value of a member at any depth; one of zeros gives itself.
@@ -158,7 +161,7 @@ void addbytes(Flattening &work, Type *type, const WrittenMember &member, Value *
         refuse(work.module, &work.global, "address in a packed member of the initialiser");
     }
     std::string &text = work.module.arena.texts.emplace_back(image.bytes.begin(), image.bytes.end());
-    addtext(work, member.type, text);
+    addtext(work, member.type, text, true);
 }
 
 void addstructure(Flattening &work, Type *type, Value *value, unsigned depth)
@@ -194,7 +197,7 @@ void addvalue(Flattening &work, Type *type, Value *value, unsigned depth)
         return;
     }
     if (value->kind == ValueKind::string) {
-        addtext(work, type, value->text);
+        addtext(work, type, value->text, false);
         return;
     }
     work.items.push_back({ItemKind::open, type, nullptr, {}});

@@ -283,6 +283,7 @@ struct Module {
     DataLayout layout;
     std::deque<Type> types;
     std::deque<StructType> structs;
+    std::size_t unnamed_structs = 0;       // that have got a name
     std::deque<Global> globals;  // in the order of the input
     NameMap<Global> global_by_name;
     NameMap<StructType> struct_by_name;

@@ -28,6 +28,7 @@ namespace adapt {
 namespace {
 
 constexpr std::size_t longest_order_line = 4000;
+constexpr std::size_t greatest_align = 16;  // that the front end gives to large arrays by itself
 
 // ---- Structures ----
 
@@ -208,6 +209,9 @@ void makeline(Module &module, Global &global, std::vector<VariableLine> &lines)
     std::string value;
     if (!global.declared_only) {
         value = initialisertext(module, global, flatteninitialiser(module, global), isprinted);
+    }
+    if (!global.declared_only && global.align > std::max(calign(module, global.type), greatest_align)) {
+        warn(module, &global, "loses its alignment of " + std::to_string(global.align) + " bytes");
     }
     global.in_tail = head.size() + value.size() + 1 > longest_line && !global.declared_only;
     lines.push_back({&global, std::move(head), std::move(value)});

@@ -225,6 +225,23 @@ Value *startof(const Function &function)
     return inst;
 }
 
+// The last name in a mangled one: count of _ZZ4nextvE5count.
+std::string_view sourcename(std::string_view name)
+{
+    for (std::size_t at = 0; at < name.size(); ++at) {
+        std::size_t length = 0;
+        std::size_t start = at;
+        while (start < name.size() && name[start] >= '0' && name[start] <= '9' && length < name.size()) {
+            length = length * 10 + static_cast<std::size_t>(name[start++] - '0');
+        }
+        const bool fits = length > 0 && length <= name.size() - start;
+        if (fits && name.substr(start + length).find_first_not_of("E_0123456789") == std::string_view::npos) {
+            return name.substr(start, length);
+        }
+    }
+    return name;
+}
+
 Value *addressof(Sharing &sharing, Global *variable)
 {
     for (const auto &[global, call] : sharing.calls) {
@@ -235,7 +252,7 @@ Value *addressof(Sharing &sharing, Global *variable)
     Global *accessor = variable->accessor;
     Value *call = newinst(sharing.function, Op::call, variable->value->type, {accessor->value});
     call->element = accessor->type;
-    call->name = keeptext(sharing.function, plainname(variable->name));
+    call->name = keeptext(sharing.function, plainname(sourcename(variable->name)));
     insertbefore(call, startof(sharing.function));
     sharing.calls.emplace_back(variable, call);
     return call;

@@ -37,7 +37,7 @@ enum Mark : std::uint8_t { unseen, open, done };
 void namestructure(Module &module, Type *type)
 {
     StructType &made = module.structs.emplace_back();
-    made.name = "struct.unnamed." + std::to_string(module.structs.size());
+    made.name = "struct.unnamed." + std::to_string(++module.unnamed_structs);
     made.type = type;
     made.members = type->members;
     made.packed = type->packed;
