@@ -308,6 +308,9 @@ Block *readbareblockname(Reader &reader)
 
 bool parsebody(Function &function)
 {
+    if (function.global->body.data() == nullptr) {
+        return false;  // the error was in its header
+    }
     BodyReader state;
     Reader &reader = state.reader;
     reader.module = function.module;

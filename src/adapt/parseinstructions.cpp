@@ -196,7 +196,7 @@ Value *readload(Reader &reader)
     Type *type = readtype(reader);
     expectpunct(reader, ',');
     Value *pointer = readpointeroperand(reader);
-    if (!reader.failed && (pointer->type->sub != type || !isfirstclass(type))) {
+    if (!reader.failed && (!isfirstclass(type) || pointer->type->sub != type)) {
         fail(reader, "load of " + typetext(type) + " through " + typetext(pointer->type));
     }
     if (atomic) {
@@ -217,11 +217,12 @@ Value *readstore(Reader &reader)
 {
     const bool atomic = takeword(reader, "atomic");
     const bool is_volatile = takeword(reader, "volatile");
-    Value *value = readtypedvalue(reader);
+    Type *type = readtype(reader);
+    Value *value = readvalue(reader, type);
     expectpunct(reader, ',');
     Value *pointer = readpointeroperand(reader);
-    if (!reader.failed && (pointer->type->sub != value->type || !isfirstclass(value->type))) {
-        fail(reader, "store of " + typetext(value->type) + " through " + typetext(pointer->type));
+    if (!reader.failed && (!isfirstclass(type) || pointer->type->sub != type)) {
+        fail(reader, "store of " + typetext(type) + " through " + typetext(pointer->type));
     }
     if (atomic) {
         skipordering(reader, 1);
@@ -243,12 +244,12 @@ Value *readcmpxchg(Reader &reader)
     const bool is_volatile = takeword(reader, "volatile");
     Value *pointer = readpointeroperand(reader);
     expectpunct(reader, ',');
-    Value *expected = readtypedvalue(reader);
+    Type *type = readtype(reader);
+    Value *expected = readvalue(reader, type);
     expectpunct(reader, ',');
     Value *desired = readtypedvalue(reader);
-    Type *type = expected->type;
-    if (!reader.failed && (pointer->type->sub != type || desired->type != type ||
-                           (type->kind != TypeKind::integer && type->kind != TypeKind::pointer))) {
+    const bool fits = type->kind == TypeKind::integer || type->kind == TypeKind::pointer;
+    if (!reader.failed && (!fits || pointer->type->sub != type || desired->type != type)) {
         fail(reader, "cmpxchg of " + typetext(type) + " through " + typetext(pointer->type));
     }
     skipordering(reader, 2);
@@ -287,13 +288,13 @@ Value *readatomicrmw(Reader &reader)
     const std::string_view operation = readrmwoperation(reader, floating);
     Value *pointer = readpointeroperand(reader);
     expectpunct(reader, ',');
-    Value *value = readtypedvalue(reader);
-    Type *type = value->type;
+    Type *type = readtype(reader);
+    Value *value = readvalue(reader, type);
     const bool fits = floating ? isfloating(type)
                       : operation == "xchg"
                           ? type->kind == TypeKind::integer || isfloating(type) || type->kind == TypeKind::pointer
                           : type->kind == TypeKind::integer;
-    if (!reader.failed && (pointer->type->sub != type || !fits)) {
+    if (!reader.failed && (!fits || pointer->type->sub != type)) {
         fail(reader, "atomicrmw of " + typetext(type) + " through " + typetext(pointer->type));
     }
     skipordering(reader, 1);

@@ -40,9 +40,8 @@ void skipnumber(Reader &reader)
 {
     if (ispunct(reader, '(')) {
         skipbrackets(reader);
-    } else if (!takepunct(reader, '=')) {
-        readnumber(reader);
     } else {
+        takepunct(reader, '=');  // as groups write it
         readnumber(reader);
     }
 }
