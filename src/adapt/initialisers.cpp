@@ -483,8 +483,10 @@ std::string initialisertext(Module &module, const Global &global, const std::vec
             out += item.type->kind == TypeKind::array ? "]" : " }";
             continue;
         }
-        out += i == 0 || items[i - 1].kind == ItemKind::open ? "" : ",";
-        out += (i == 1 ? "" : " ") + (i == 0 ? std::string() : typetext(item.type) + " ");
+        const bool first = i > 0 && items[i - 1].kind == ItemKind::open;
+        out += i == 0 || first ? "" : ",";
+        out += first && items[i - 1].type->kind == TypeKind::array ? "" : " ";
+        out += i == 0 ? "" : typetext(item.type) + " ";
         switch (item.kind) {
         case ItemKind::open:
             out += item.type->kind == TypeKind::array ? "[" : "{";

@@ -652,8 +652,8 @@ void readinitialisers(ModuleReader &state)
         if (global.kind == GlobalKind::alias) {
             expectpunct(reader, ',');
             const bool computed = findop(reader.lexer.token.text) != Op::none;  // is written without its type
-            global.initialiser = computed ? readconstant(reader, pointerto(*reader.module, global.type))
-                                          : readtypedconstant(reader);
+            global.initialiser =
+                computed ? readconstant(reader, pointerto(*reader.module, global.type)) : readtypedconstant(reader);
         } else if (!global.declared_only) {
             global.initialiser = readconstant(reader, global.type);
         }

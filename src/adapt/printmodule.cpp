@@ -22,6 +22,7 @@
 #include "adapt/printer.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace adapt {
 
@@ -135,12 +136,25 @@ void printstandin(const Module &module, std::string &out)
     out += "%struct.order = type opaque\n";
 }
 
+// Those that the written members of others hold by value.
+std::unordered_set<const StructType *> heldstructures(const Module &module)
+{
+    std::unordered_set<const StructType *> held;
+    for (const StructType &type : module.structs) {
+        for (const WrittenMember &member : type.written_members) {
+            held.insert(heldby(member.type));
+        }
+    }
+    return held;
+}
+
 void printstructures(Module &module, std::string &out)
 {
+    const std::unordered_set<const StructType *> held = heldstructures(module);
     const StructType *first = nullptr;
     bool needs_order = false;
     for (const StructType &type : module.structs) {
-        const bool inner = type.is_held || isselfish(type);
+        const bool inner = held.contains(&type) || isselfish(type);
         needs_order = needs_order || inner;
         first = first == nullptr && !inner ? &type : first;
     }

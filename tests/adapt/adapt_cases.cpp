@@ -4,6 +4,7 @@
 //     --- module      a whole one, or
 //     --- code        the lines of a function: void @f(i16 %a, i16 %b, float %x, i16* %p)
 //     --- errors      LINE: MESSAGE for each message; nothing is written then
+//     --- tail        the C that has to follow quarl's
 //
 // Of a module or code, lines that begin with "- " go in, those with "+ " have to come out, and those with two blanks do
 // both. Empty lines count for nothing, and neither do blanks behind these two columns in what comes out.
@@ -23,7 +24,7 @@ const std::string code_tail = "  ret void\n}\n";
 struct AdaptCase {
     std::string name;
     bool code = false;
-    std::string in, out, errors;
+    std::string in, out, errors, tail;
 };
 
 // The lines that aren't empty, with a newline behind each and no blanks in front.
@@ -41,17 +42,17 @@ std::string meaningful(const std::string &text)
 std::vector<AdaptCase> read_cases(const std::string &path)
 {
     std::vector<AdaptCase> cases;
-    bool errors = false;
+    std::string part;
     for (const std::string &line : harness::split_lines(harness::read_file(path))) {
         if (line.starts_with("=== ")) {
-            cases.push_back({line.substr(4), false, {}, {}, {}});
+            cases.push_back({line.substr(4), false, {}, {}, {}, {}});
         } else if (line.size() < 3 || cases.empty()) {
             continue;
         } else if (line.starts_with("--- ")) {
-            errors = line == "--- errors";
+            part = line.substr(4);
             cases.back().code = cases.back().code || line == "--- code";
-        } else if (errors) {
-            cases.back().errors += line + "\n";
+        } else if (part == "errors" || part == "tail") {
+            (part == "errors" ? cases.back().errors : cases.back().tail) += line + "\n";
         } else {
             if (line[0] != '+')
                 cases.back().in += line.substr(2) + "\n";
@@ -62,16 +63,17 @@ std::vector<AdaptCase> read_cases(const std::string &path)
     return cases;
 }
 
-// "quarl-adapt: a.ll:12: text" becomes "12: text", with the lines counted from the case's own first one.
+// "a.ll:12: error: text" becomes "12: text", with the lines counted from the case's own first one.
 std::string messages(const std::string &err, bool code)
 {
-    const std::string head = "quarl-adapt: a.ll:";
+    const std::string head = "a.ll:", word = ": error: ";
     std::string lines;
     for (const std::string &line : harness::split_lines(err)) {
-        const std::size_t colon = line.find(':', head.size());
-        if (line.starts_with(head) && colon != std::string::npos) {
+        const std::size_t text = line.find(word);
+        if (line.starts_with(head) && text != std::string::npos) {
             const int number = std::stoi(line.substr(head.size()));
-            lines += std::to_string(code ? number - lines_in_front_of_code : number) + line.substr(colon) + "\n";
+            lines += std::to_string(code ? number - lines_in_front_of_code : number) + ": " +
+                     line.substr(text + word.size()) + "\n";
         }
     }
     return lines;
@@ -82,14 +84,17 @@ void check(const AdaptCase &made)
     const std::string head = made.code ? code_head : "", tail = made.code ? code_tail : "";
     const std::string directory = harness::make_directory();
     harness::write_file(directory + "/a.ll", head + made.in + tail);
-    const harness::Result result = harness::run(ADAPT_BINARY, {"-o", "out.ll", "a.ll"}, directory);
+    const harness::Result result =
+        harness::run(ADAPT_BINARY, {"--verify", "--tail", "tail.c", "-o", "out.ll", "a.ll"}, directory);
     const bool written = harness::file_exists(directory + "/out.ll");
     const std::string out = meaningful(harness::read_file(directory + "/out.ll"));
+    const std::string c_tail = harness::read_file(directory + "/tail.c");
     harness::remove_directory(directory);
     const bool refused = !made.errors.empty();
     const std::string expected = refused ? made.errors : meaningful(head + made.out + tail);
     EXPECT_EQ(result.status, refused ? 1 : 0) << harness::describe(result);
     EXPECT_EQ(written, !refused) << "is there an output?";
+    EXPECT_EQ(made.tail, c_tail);
     EXPECT_EQ(expected, refused ? messages(result.err, made.code) : out);
 }
 

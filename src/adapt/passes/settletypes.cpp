@@ -57,17 +57,11 @@ std::size_t prefixlength(std::string_view name)
     return 0;
 }
 
-// A tag in the characters of C. The reserved words of C are none.
+// A tag in the characters of C. The words of C are none.
 std::string plaintag(std::string_view tag)
 {
-    std::string plain = plainname(tag);
-    if (plain.empty() || (plain[0] >= '0' && plain[0] <= '9')) {
-        plain.insert(0, "type");
-    }
-    if (iskeyword(plain)) {
-        plain += '_';
-    }
-    return plain;
+    const std::string plain = plainname(tag);
+    return iskeyword(plain) ? plain + "_" : plain;
 }
 
 // C lays the members of a union over each other. A union of several members is clang's way of saying a union and the
