@@ -116,8 +116,8 @@ std::uint64_t readalignment(Reader &reader)
     }
     if (isword(reader, "addrspace")) {
         fail(reader, "address space");
-    } else if (!reader.failed) {
-        reader.lexer = before;
+    } else {
+        goback(reader, before);
     }
     return 0;
 }
@@ -139,7 +139,7 @@ Value *readalloca(Reader &reader)
     if (takepunct(reader, ',')) {
         const TokenKind kind = reader.lexer.token.kind;
         if (kind == TokenKind::metadata || isword(reader, "align") || isword(reader, "addrspace")) {
-            reader.lexer = before;
+            goback(reader, before);
         } else {
             operands.push_back(readtypedvalue(reader));
         }
@@ -322,7 +322,7 @@ void readmoreoperands(Reader &reader, std::vector<Value *> &operands)
         const Lexer before = reader.lexer;
         next(reader);
         if (reader.lexer.token.kind == TokenKind::metadata) {
-            reader.lexer = before;
+            goback(reader, before);
             return;
         }
         operands.push_back(readtypedvalue(reader));
@@ -415,7 +415,7 @@ Value *readphi(Reader &reader)
             if (operands.empty() || reader.lexer.token.kind != TokenKind::metadata) {
                 failunexpected(reader, "'['");
             }
-            reader.lexer = before;
+            goback(reader, before);
             break;
         }
         operands.push_back(readvalue(reader, type));
@@ -646,9 +646,7 @@ void readcallee(Reader &reader, Call &call, Type *type)
         const Lexer after = reader.lexer;
         reader.lexer = callee;
         call.operands[0] = readvalue(reader, pointerto(*reader.module, call.type));
-        if (!reader.failed) {
-            reader.lexer = after;
-        }
+        goback(reader, after);
     }
     if (!reader.failed && !fitsarguments(call.type, call.operands)) {
         fail(reader, "a call with other arguments than its function takes");

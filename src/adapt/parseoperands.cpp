@@ -503,7 +503,7 @@ std::vector<std::uint32_t> readindices(Reader &reader)
         const Lexer before = reader.lexer;
         next(reader);
         if (reader.lexer.token.kind == TokenKind::metadata) {
-            reader.lexer = before;  // attachments follow
+            goback(reader, before);  // attachments follow
             break;
         }
         const std::uint64_t index = readnumber(reader);

@@ -154,6 +154,13 @@ void next(Reader &reader)
     }
 }
 
+void goback(Reader &reader, const Lexer &before)
+{
+    if (!reader.failed) {
+        reader.lexer = before;
+    }
+}
+
 bool isword(const Reader &reader, std::string_view word)
 {
     return reader.lexer.token.kind == TokenKind::word && reader.lexer.token.text == word;
@@ -254,8 +261,8 @@ std::uint32_t readattachments(Reader &reader)
         const Lexer before = reader.lexer;
         const bool comma = takepunct(reader, ',');
         if (reader.lexer.token.kind != TokenKind::metadata || reader.lexer.token.text.empty()) {
-            if (comma && !reader.failed) {
-                reader.lexer = before;
+            if (comma) {
+                goback(reader, before);
             }
             return location;
         }

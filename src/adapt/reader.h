@@ -53,6 +53,8 @@ void failunexpected(Reader &reader, std::string_view wanted);
 // Leaves the failed state; the lexer stands where it failed.
 void forgiveerror(Reader &reader);
 void next(Reader &reader);
+// Puts the cursor where it stood, unless there was an error.
+void goback(Reader &reader, const Lexer &before);
 bool isword(const Reader &reader, std::string_view word);
 bool ispunct(const Reader &reader, char c);
 bool takeword(Reader &reader, std::string_view word);

@@ -182,6 +182,7 @@ TEST(parse, refusals_name_the_line_and_reading_goes_on)
         {"%x = add strange i32 %a, 1", "'strange' where a type is expected"},
         {"%x = load i32, ptr null", "opaque pointer ('ptr'): clang 15 and 16 need -Xclang -no-opaque-pointers"},
         {"%x = load i32, i8* null", "load of i32 through i8*"},
+        {"%x = phi i32 !dbg !5", "'!dbg' where '[' is expected"},
         {"%x = zext i32 %a to i8", "zext from i32 to i8"},
         {"%x = load x86_fp80, x86_fp80* null", "floating type ('x86_fp80')"},
         {"%x = load i32, i32 addrspace(1)* null", "address space"},
