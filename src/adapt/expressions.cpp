@@ -123,7 +123,10 @@ Operand unsignedcast(BodyPrinter &printer, const Type *type, const Operand &oper
         return castto(printer, type, operand);
     }
     const std::string text = typetext(type);
-    Operand result = defined(printer, type, "fptoui " + text + " " + operand.text + " to " + text);
+    // quarl reads the other widths of an unsigned result here; a shift takes its operand as unsigned.
+    Operand result = widthof(type) == 64
+                         ? defined(printer, type, "lshr " + text + " " + operand.text + ", 0")
+                         : defined(printer, type, "fptoui " + text + " " + operand.text + " to " + text);
     result.is_signed = false;
     result.is_unsigned = true;
     result.type_unsigned = widthof(type) >= printer.int_bits;
@@ -197,16 +200,37 @@ Operand printneeded(BodyPrinter &printer, const Expr *expr, Need need)
     return adjust(printer, expr->type, printexpr(printer, expr), need);
 }
 
+// A condition as `c ? 1 : 0`.
+Operand chosenflag(BodyPrinter &printer, const Type *type, const Operand &condition)
+{
+    const std::string text = typetext(type);
+    Operand result = defined(printer, type, "select i1 " + condition.text + ", " + text + " 1, " + text + " 0");
+    result.is_signed = true;
+    result.is_unsigned = true;
+    result.is_flag = false;
+    result.bits = printer.int_bits;
+    return result;
+}
+
 // An operand whose type in C has the width that the operation needs.
 Operand widened(BodyPrinter &printer, const Type *type, Operand operand)
 {
-    return operand.bits < widthof(type) ? castto(printer, type, operand) : operand;
+    if (operand.bits >= widthof(type)) {
+        return operand;
+    }
+    return castto(printer, type, operand.is_flag ? chosenflag(printer, type, operand) : operand);
 }
 
 // A comparison as a number: quarl would change the sign of the comparison itself.
 Operand unflagged(BodyPrinter &printer, const Type *type, Operand operand)
 {
-    return operand.is_flag && widthof(type) > 1 ? castto(printer, type, operand) : operand;
+    return operand.is_flag && widthof(type) > 1 ? chosenflag(printer, type, operand) : operand;
+}
+
+// A comparison of 64 bits, which quarl takes for a value of 64 bits where it is converted.
+bool compareswide(const Expr *expr)
+{
+    return expr->kind == ExprKind::operation && expr->op == Op::icmp && widthof(expr->operands[0]->type) == 64;
 }
 
 // ---- Arithmetic ----
@@ -256,6 +280,8 @@ Operand printbits(BodyPrinter &printer, const Expr *expr)
     Operand right = isintconstant(second) ? constantoperand(printer, second, as_unsigned ? Need::as_unsigned : Need::bits)
                                           : printexpr(printer, second);
     if (widthof(type) == 1) {
+        left = compareswide(first) ? chosenflag(printer, type, left) : left;
+        right = compareswide(second) ? chosenflag(printer, type, right) : right;
         Operand flag = defined(printer, type, binarytext(expr->op, type, left, right));
         flag.is_flag = false;
         flag.is_unsigned = true;
@@ -526,6 +552,9 @@ Operand printzext(BodyPrinter &printer, const Expr *expr)
 {
     const Expr *part = expr->operands[0];
     const Operand operand = printneeded(printer, part, Need::bits);
+    if (widthof(part->type) == 1 && (compareswide(part) || widthof(expr->type) == 64)) {
+        return chosenflag(printer, expr->type, operand);
+    }
     Operand result = defined(printer, expr->type, casttext("zext", part->type, operand, expr->type));
     result.is_signed = true;
     result.is_unsigned = true;
@@ -795,6 +824,9 @@ Operand printlogical(BodyPrinter &printer, const Expr *expr)
     const bool all = expr->kind == ExprKind::logical_and;
     std::vector<Operand> terms;
     for (const Expr *term : expr->operands) {
+        if (term->kind == ExprKind::comma) {
+            refuse(*printer.tree.function, nullptr, "condition with statements inside of an expression");
+        }
         terms.push_back(printexpr(printer, term));
     }
     Operand result = terms.back();

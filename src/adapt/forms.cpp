@@ -207,7 +207,7 @@ Operand printchain(BodyPrinter &printer, const Expr *expr)
         value = printchain(printer, last);
     } else {
         value = printexpr(printer, last);
-        const bool compares = last->kind == ExprKind::operation && last->op == Op::icmp;
+        const bool compares = last->kind == ExprKind::operation && (last->op == Op::icmp || last->op == Op::fcmp);
         if (!compares) {
             const std::string name = newvalue(printer);
             printline(printer, name + " = icmp ne i1 " + value.text + ", false");
@@ -538,12 +538,43 @@ void printstructured(FormPrinter &printer, const Stmt *stmt)
     }
 }
 
+// True if a label is the last that is printed of the first `count` statements.
+bool endsinlabel(const Stmts &stmts, std::size_t count)
+{
+    while (count-- > 0) {
+        const Stmt *stmt = stmts[count];
+        if (stmt->kind == StmtKind::label && stmt->target->labelled) {
+            return true;
+        }
+        if (stmt->kind != StmtKind::label && stmt->kind != StmtKind::unreachable) {
+            return false;
+        }
+    }
+    return false;
+}
+
+// C wants a statement after a label, and there is no empty one: `if (0) { }`.
+void printnothing(BodyPrinter &printer)
+{
+    const std::string n = number(printer);
+    ensureblock(printer);
+    branch(printer, "false", "if.then" + n, "if.end" + n);
+    beginblock(printer, "if.then" + n);
+    beginblock(printer, "if.end" + n);
+}
+
 void printlist(FormPrinter &printer, const Stmts &stmts)
 {
-    for (const Stmt *stmt : stmts) {
+    for (std::size_t place = 0; place < stmts.size(); ++place) {
         printer.body.returned = false;
         printer.body.edges.clear();
-        printstructured(printer, stmt);
+        if (stmts[place]->kind == StmtKind::case_ && endsinlabel(stmts, place)) {
+            printnothing(printer.body);
+        }
+        printstructured(printer, stmts[place]);
+    }
+    if (endsinlabel(stmts, stmts.size())) {
+        printnothing(printer.body);
     }
 }
 

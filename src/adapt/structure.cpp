@@ -80,7 +80,7 @@ bool leaves(const Stmts &stmts)
 // A node that only leads on.
 bool isempty(const Node *node)
 {
-    return node->exit == Exit::jump && node->statements.empty() && node->succs[0] != node && !node->is_set_apart;
+    return node->exit == Exit::jump && node->statements.empty() && !node->is_header && !node->is_set_apart;
 }
 
 // A return or an unreachable end that may be written at each edge to it.
@@ -148,6 +148,10 @@ void writefaredge(Walk &walk, Node *target, Stmts &out, const Scope &scope)
             return;
         }
         if (!isempty(target) || target->preds.size() == 1) {
+            break;
+        }
+        const Node *next = target->succs[0];
+        if (next->preds.size() == 1 && !next->is_set_apart) {
             break;
         }
         target = target->succs[0];
@@ -669,10 +673,34 @@ void writenodes(Walk &walk, Node *node, Stmts &out, Scope scope)
     }
 }
 
+// A jump to a node that only leads on, and that nothing else leads to, goes where that node goes.
+void skipempty(Tree &tree)
+{
+    std::unordered_map<const Node *, std::size_t> preds;
+    for (const Node &node : tree.nodes) {
+        for (const Node *succ : node.succs) {
+            ++preds[succ];
+        }
+    }
+    for (Node &node : tree.nodes) {
+        while (node.exit == Exit::jump && !node.removed) {
+            Node *next = node.succs[0];
+            if (next == &node || next->exit != Exit::jump || !next->statements.empty() || preds[next] != 1 ||
+                begins(next, labels::for_inc)) {
+                break;
+            }
+            node.succs[0] = next->succs[0];
+            next->removed = true;
+            next->succs.clear();
+        }
+    }
+}
+
 }  // namespace
 
 void structure(Tree &tree)
 {
+    skipempty(tree);
     std::vector<Node *> order;
     analyse(tree, order);
     Walk walk = {tree, {}, {}};

@@ -582,13 +582,16 @@ void buildstep(Builder &builder, Value *value, Value *old, Expr *address, bool n
     builder.infos[old].expr = expr;
 }
 
-// A value with effects that is stored and used once more: `(x = f())`.
+// A value that is stored and used once more, and that couldn't be computed again: `(x = f())`, `(x = x + 1)`.
 bool isassigned(Builder &builder, Value *value, const Expr *address)
 {
     const auto found = builder.infos.find(value);
-    return value->kind == ValueKind::instruction && found != builder.infos.end() && found->second.is_pending &&
-           found->second.uses == 2 && hassideeffects(found->second.expr->effects) &&
-           !hassideeffects(address->effects) && !isaggregate(value->type);
+    if (value->kind != ValueKind::instruction || found == builder.infos.end() || !found->second.is_pending ||
+        found->second.uses != 2 || hassideeffects(address->effects) || isaggregate(value->type)) {
+        return false;
+    }
+    const Effects &effects = found->second.expr->effects;
+    return hassideeffects(effects) || conflict(writeeffects(placeof(address), false), effects);
 }
 
 void buildassign(Builder &builder, Value *value, Expr *address)
@@ -675,6 +678,31 @@ void buildplain(Builder &builder, Value *inst)
 
 void buildlist(Builder &builder, const std::vector<Value *> &items);
 
+// The statements and then the expression. A chain begins with its first term, which takes them along.
+Expr *withstatements(Tree &tree, Expr *expr, std::vector<Stmt *> statements)
+{
+    Expr *comma = newexpr(tree, expr->kind, expr->type);
+    if (expr->kind == ExprKind::logical_and || expr->kind == ExprKind::logical_or) {
+        comma->operands = expr->operands;
+        comma->operands[0] = withstatements(tree, expr->operands[0], std::move(statements));
+        settle(comma);
+        return comma;
+    }
+    comma->kind = ExprKind::comma;
+    comma->statements = std::move(statements);
+    comma->operands = {expr};
+    settle(comma);
+    comma->effects.calls = true;  // whatever the statements do
+    comma->effects.reads_any = true;
+    comma->effects.writes_any = true;
+    return comma;
+}
+
+bool hascomma(const Expr *expr)
+{
+    return expr->kind == ExprKind::comma || std::any_of(expr->operands.begin(), expr->operands.end(), hascomma);
+}
+
 // The items and then `value` or `condition` as one expression, evaluated as a part of a larger one.
 Expr *lazyexpr(Builder &outer, const std::vector<Value *> &items, Value *value, const Condition *condition)
 {
@@ -685,17 +713,7 @@ Expr *lazyexpr(Builder &outer, const std::vector<Value *> &items, Value *value, 
     buildlist(builder, items);
     Expr *expr = condition != nullptr ? conditionexpr(builder, condition) : use(builder, value);
     outer.failed = outer.failed || builder.failed;
-    if (statements.empty()) {
-        return expr;
-    }
-    Expr *comma = newexpr(outer.tree, ExprKind::comma, expr->type);
-    comma->statements = std::move(statements);
-    comma->operands = {expr};
-    settle(comma);
-    comma->effects.calls = true;  // whatever the statements do
-    comma->effects.reads_any = true;
-    comma->effects.writes_any = true;
-    return comma;
+    return statements.empty() ? expr : withstatements(outer.tree, expr, std::move(statements));
 }
 
 Expr *chainexpr(Builder &builder, const Condition *condition)
@@ -719,7 +737,7 @@ Expr *chainexpr(Builder &builder, const Condition *condition)
 
 Expr *choiceexpr(Builder &builder, Expr *condition, Expr *yes, Expr *no)
 {
-    if (yes->kind == ExprKind::comma || no->kind == ExprKind::comma) {
+    if (hascomma(condition) || hascomma(yes) || hascomma(no)) {
         builder.failed = true;
     }
     Expr *expr = newexpr(builder.tree, ExprKind::choice, yes->type);
@@ -956,7 +974,7 @@ Fit fitexpression(Tree &tree, const std::vector<Value *> &items, Value *value)
     if (outer.failed || expr->depth > deepest_tree / 2) {
         return Fit::no;
     }
-    return expr->kind == ExprKind::comma ? Fit::comma : Fit::plain;
+    return hascomma(expr) ? Fit::comma : Fit::plain;
 }
 
 void buildstatements(Tree &tree)
