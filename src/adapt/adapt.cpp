@@ -29,6 +29,7 @@ constexpr Pass passes[] = {
     {"lowerlayout", lowerlayout},            // members by place only where they are written in that place
     {"lowerunaligned", lowerunaligned},      // no load or store is aligned by less than its type
     {"lowernan", lowernan},                  // no operand is a constant that isn't a number
+    {"lowermemory", lowermemory},            // string.h isn't needed where the module declares what it has
     {"threadcleanups", threadcleanups},      // ways out of a scope don't meet in a switch, up to a size
     {"foldreturns", foldreturns},            // a return stands where it is jumped from
     {"hoistallocas", hoistallocas},          // all variables at the start of the entry block

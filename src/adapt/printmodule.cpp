@@ -395,6 +395,7 @@ void printfunctionline(Module &module, const Global &global, const Function *fun
 
 void printmodulehead(Module &module, std::string &out)
 {
+    dropcopies(module);
     if (!module.source_filename.empty()) {
         out += "source_filename = \"" + module.source_filename + "\"\n";
     }

@@ -73,6 +73,13 @@ void lowerunaligned(Function &function);
 // Loads what isn't a number from a constant variable.
 void lowernan(Function &function);
 
+// ---- lowermemory.cpp ----
+
+// Copies memory by plain functions where the module has declarations of string.h itself.
+void lowermemory(Function &function);
+// Once all functions are lowered, leaves out the declarations that would bring the header in.
+void dropcopies(Module &module);
+
 // ---- inlines.cpp ----
 
 // Finds the inline functions that call each other in a circle, by Global::calls of all definitions.
