@@ -197,7 +197,11 @@ Operand printneeded(BodyPrinter &printer, const Expr *expr, Need need)
     if (isintconstant(expr)) {
         return constantoperand(printer, expr, need);
     }
-    return adjust(printer, expr->type, printexpr(printer, expr), need);
+    Operand operand = printexpr(printer, expr);
+    if (operand.is_assigned && need != Need::bits) {
+        operand = castto(printer, expr->type, operand);
+    }
+    return adjust(printer, expr->type, operand, need);
 }
 
 // A condition as `c ? 1 : 0`.
@@ -221,9 +225,12 @@ Operand widened(BodyPrinter &printer, const Type *type, Operand operand)
     return castto(printer, type, operand.is_flag ? chosenflag(printer, type, operand) : operand);
 }
 
-// A comparison as a number: quarl would change the sign of the comparison itself.
+// An assignment as a value has the type of an address for quarl. A comparison as a number: quarl would change the sign of the comparison itself.
 Operand unflagged(BodyPrinter &printer, const Type *type, Operand operand)
 {
+    if (operand.is_assigned) {
+        return castto(printer, type, operand);
+    }
     return operand.is_flag && widthof(type) > 1 ? chosenflag(printer, type, operand) : operand;
 }
 
@@ -719,7 +726,9 @@ Operand printassign(BodyPrinter &printer, const Expr *expr)
     const Operand address = printexpr(printer, expr->operands[0]);
     const std::string type = typetext(expr->type);
     printline(printer, "store " + type + " " + value.text + ", " + type + "* " + address.text);
-    return objectoperand(printer, expr->type, value.text);
+    Operand result = objectoperand(printer, expr->type, value.text);
+    result.is_assigned = true;
+    return result;
 }
 
 // ---- Calls ----

@@ -20,6 +20,7 @@ struct Operand {
     bool type_unsigned = false;  // the type in C is an unsigned one, of `bits`
     std::uint32_t bits = 0;      // of the type in C, after promotion
     bool is_flag = false;        // 0 or 1: the comparison itself
+    bool is_assigned = false;    // the value of an assignment
 };
 
 // A conditional branch that was printed.

@@ -587,7 +587,8 @@ bool isassigned(Builder &builder, Value *value, const Expr *address)
 {
     const auto found = builder.infos.find(value);
     if (value->kind != ValueKind::instruction || found == builder.infos.end() || !found->second.is_pending ||
-        found->second.uses != 2 || hassideeffects(address->effects) || isaggregate(value->type)) {
+        found->second.uses != 2 || hassideeffects(address->effects) || isaggregate(value->type) ||
+        isinteger(value->type, 64)) {  // quarl emulates those by the types that it knows
         return false;
     }
     const Effects &effects = found->second.expr->effects;

@@ -529,6 +529,9 @@ void loweraggregates(Function &function)
     for (Value *inst : state.dead) {
         replaceuses(inst, undefconst(*function.module, inst->type));
         remove(inst);
+        if (inst->note != nullptr && !static_cast<Value *>(inst->note)->removed) {
+            dropunread(static_cast<Value *>(inst->note));
+        }
     }
 }
 

@@ -114,7 +114,9 @@ void lowerstart(Function &function, Value *call)
     Module &module = *function.module;
     Value *last = lastparameter(function, call);
     putcall(call, needmacro(module, "_va_start_", voidtype(module)), {list, last});
+    Value *given = operand(call, 1);
     remove(call);
+    dropunused(given);
 }
 
 // va_end and va_copy: the same call, of the lists themselves.
@@ -128,7 +130,14 @@ void lowerlists(Function &function, Value *call, std::string_view macro)
         }
     }
     putcall(call, needmacro(*function.module, macro, voidtype(*function.module)), lists);
+    std::vector<Value *> given;
+    for (std::uint32_t i = 1; i < call->operand_count; ++i) {
+        given.push_back(operand(call, i));
+    }
     remove(call);
+    for (Value *pointer : given) {
+        dropunused(pointer);
+    }
 }
 
 // ---- The walk by addresses ----

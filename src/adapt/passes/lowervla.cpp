@@ -9,12 +9,14 @@
 // becomes
 //     %2 = mul i16 %0, 2
 //     %3 = call i8* @malloc(i16 %2)
-//     store i8* %3, i8** %vla.memory
-//     %vla = bitcast i8* %3 to i16*
+//     %4 = bitcast i8* %3 to i16*
+//     store i16* %4, i16** %vla
 //     ...
-//     %8 = load i8*, i8** %vla.memory
-//     call void @free(i8* %8)
+//     %5 = load i16*, i16** %vla
+//     %6 = bitcast i16* %5 to i8*
+//     call void @free(i8* %6)
 //
+// Each use of the array loads its address from the variable.
 // The front end saves the stack once in each scope that has such arrays, in a variable of its own, and restores it
 // where the scope is left. In the order of the blocks the scopes nest, so the save that an array belongs to is the last
 // one whose scope is still open. An array whose memory is still there when the place is reached again (a goto back in
@@ -95,12 +97,26 @@ Value *putsize(Value *place, Value *count, Type *element, Type *size_type)
     return size == 1 ? wide : putinst(place, Op::mul, size_type, {wide, intconst(module, size_type, size)});
 }
 
-void putfree(Value *place, Value *memory)
+void putfree(Value *place, Value *variable)
 {
     Module &module = *place->block->function->module;
     Type *bytes = bytepointer(module);
     Global *callee = needfunction(module, "free", functiontype(module, voidtype(module), {bytes}, false));
-    putcall(place, callee, {putload(place, memory, bytes)});
+    putcall(place, callee, {putbitcast(place, putload(place, variable, variable->element), bytes)});
+}
+
+// Before the user; for a phi at the end of the block that the value comes from.
+void loadateachuse(Value *array, Value *variable)
+{
+    while (hasuses(array)) {
+        Value *user = array->uses->user;
+        for (std::uint32_t i = 0; i < user->operand_count; ++i) {
+            if (operand(user, i) == array) {
+                Value *place = user->op == Op::phi ? user->targets[i]->last : user;
+                setoperand(user, i, putload(place, variable, array->type));
+            }
+        }
+    }
 }
 
 void lowerarray(Function &function, Scopes &scopes, Value *array)
@@ -119,20 +135,21 @@ void lowerarray(Function &function, Scopes &scopes, Value *array)
         refuse(function, array, "malloc that isn't the one of the C library");
         return;
     }
-    Value *memory = addslot(function, bytes, keeptext(function, std::string(array->name) + ".memory"));
+    Value *variable = addslot(function, array->type, array->name);
     const bool at_once = array->block == scope.saved;
     if (!at_once) {
         Value *first = function.blocks.front()->first;
         while (first->op == Op::alloca_) {
             first = first->next;
         }
-        putstore(first, nullconst(module, bytes), memory);
-        putfree(array, memory);
+        putstore(first, nullconst(module, array->type), variable);
+        putfree(array, variable);
     }
-    scope.memories.push_back({memory, at_once});
+    scope.memories.push_back({variable, at_once});
     Value *made = putcall(array, callee, {putsize(array, operand(array, 0), array->element, callee->type->members[0])});
-    putstore(array, made, memory);
-    replaceinst(array, putbitcast(array, made, array->type));
+    putstore(array, putbitcast(array, made, array->type), variable);
+    loadateachuse(array, variable);
+    remove(array);
 }
 
 // Frees what the scope has.
@@ -148,7 +165,7 @@ void lowerrestore(Function &function, Scopes &scopes, Value *restore)
     for (auto memory = scope.memories.rbegin(); memory != scope.memories.rend(); ++memory) {
         putfree(restore, memory->variable);
         if (!memory->at_once) {
-            putstore(restore, nullconst(*function.module, bytepointer(*function.module)), memory->variable);
+            putstore(restore, nullconst(*function.module, memory->variable->element), memory->variable);
         }
     }
     remove(restore);
