@@ -359,11 +359,13 @@ Operand printdivision(BodyPrinter &printer, const Expr *expr)
         if (isintconstant(part) && place == 0 && is_unsigned && !narrow && !operands[place].type_unsigned) {
             operands[place] = unsignedcast(printer, type, operands[place]);
         }
-        operands[place] = widened(printer, type, operands[place]);
         if (is_unsigned && !narrow) {
             operands[place].type_unsigned = widthof(type) >= printer.int_bits;
             operands[place].bits = promoted(printer, widthof(type));
         }
+    }
+    if (operands[0].bits < widthof(type) && operands[1].bits < widthof(type)) {
+        operands[0] = castto(printer, type, operands[0]);
     }
     Operand result = arithmeticresult(printer, type, operands[0], operands[1],
                                       binarytext(expr->op, type, operands[0], operands[1]));
@@ -503,6 +505,16 @@ void matchsigns(BodyPrinter &printer, const Expr *expr, Operand &left, Operand &
                                              : adjust(printer, type, right, need);
 }
 
+// An operand of < and the like. Where quarl makes no cast, an assignment needs none for it.
+Operand comparand(BodyPrinter &printer, const Expr *expr, Need need, bool by_quarl)
+{
+    if (expr->kind == ExprKind::assign && !by_quarl) {
+        const Operand operand = printexpr(printer, expr);
+        return operand.is_signed ? operand : castto(printer, expr->type, operand);
+    }
+    return unflagged(printer, expr->type, printneeded(printer, expr, need));
+}
+
 Operand printicmp(BodyPrinter &printer, const Expr *expr)
 {
     const Expr *first = expr->operands[0];
@@ -522,8 +534,8 @@ Operand printicmp(BodyPrinter &printer, const Expr *expr)
         const bool is_signed = issigned(expr->predicate);
         const bool by_quarl = is_signed ? narrow : !narrow;
         const Need need = is_signed ? Need::as_signed : Need::as_unsigned;
-        left = unflagged(printer, type, printneeded(printer, first, by_quarl ? Need::bits : need));
-        right = unflagged(printer, type, printneeded(printer, second, by_quarl ? Need::bits : need));
+        left = comparand(printer, first, by_quarl ? Need::bits : need, by_quarl);
+        right = comparand(printer, second, by_quarl ? Need::bits : need, by_quarl);
     }
     return flag(printer, "icmp " + std::string(predicatename(expr->predicate)) + " " + typetext(type) + " " + left.text +
                              ", " + right.text);
@@ -687,7 +699,8 @@ Operand printgep(BodyPrinter &printer, const Expr *expr)
     for (std::size_t place = 0; place < expr->operands.size(); ++place) {
         const Expr *part = expr->operands[place];
         Operand operand = place == 0 ? printexpr(printer, part) : printneeded(printer, part, Need::bits);
-        if (place == 0 && bindsloosely(part)) {
+        const bool member = expr->operands.size() > 2 && expr->value->element->kind == TypeKind::structure;
+        if (place == 0 && member && bindsloosely(part)) {
             operand = castto(printer, part->type, operand);
         }
         if (place > 0 && !operand.is_signed && !operand.type_unsigned) {

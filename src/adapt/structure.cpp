@@ -556,7 +556,8 @@ Node *writebranch(Walk &walk, Node *node, Stmts &out, const Scope &scope)
     Scope inner = scope;
     // What the front end calls the end of an if is no else: the first arm leaves.
     if (begins(no, labels::if_end) && isinline(node, no) && scope.next != nullptr &&
-        (scope.next == scope.continue_target || (scope.has_break && scope.next == scope.break_target))) {
+        (scope.next == scope.continue_target || (scope.has_break && scope.next == scope.break_target) ||
+         isshortend(scope.next))) {
         inner.next = nullptr;
     }
     writearm(walk, node, yes, stmt->body, inner);

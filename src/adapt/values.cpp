@@ -500,6 +500,15 @@ void produce(Builder &builder, Value *value, Expr *expr)
 
 // ---- Instructions ----
 
+// The table of virtual functions of an object, which stays the same while arguments of a call are computed.
+bool isvtable(const Value *load)
+{
+    const Type *type = load->type->sub;
+    return !load->is_volatile && load->name.starts_with("vtable") && load->type->kind == TypeKind::pointer &&
+           type != nullptr && type->kind == TypeKind::pointer && type->sub != nullptr &&
+           type->sub->kind == TypeKind::function && hasoneuse(load);
+}
+
 void buildload(Builder &builder, Value *inst)
 {
     Expr *address = use(builder, operand(inst, 0));
@@ -507,6 +516,10 @@ void buildload(Builder &builder, Value *inst)
     settle(expr);
     Effects own;
     const Place place = placeof(address);
+    if (isvtable(inst)) {
+        produce(builder, inst, expr);
+        return;
+    }
     if (inst->is_volatile) {
         own.is_volatile = true;
         own.reads.push_back(place);
