@@ -1,4 +1,4 @@
-// Variable arguments, said with macros of runtime/varargs.h, which take the address of the list.
+// Variable arguments, said with macros of runtime/arguments.h, which take the address of the list.
 //
 //     call void @llvm.va_start(i8* %ap1)        %ap1 is a bitcast of %ap
 //     %0 = va_arg i8** %ap, i16

@@ -93,7 +93,7 @@ std::vector<Global *> printorder(Module &module);
 
 // Exceptions: an invoke is a call, landing pads go.
 void lowerinvoke(Function &function);
-// va_start, va_arg, va_end and va_copy become macros of runtime/varargs.h.
+// va_start, va_arg, va_end and va_copy become macros of runtime/arguments.h.
 void lowervarargs(Function &function);
 // Arrays of variable length become memory of malloc.
 void lowervla(Function &function);

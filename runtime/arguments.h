@@ -2,8 +2,8 @@
  * Variable arguments. The output includes this and calls these with the address of a list, which it declares as a
  * pointer. So a list of the target's C compiler must fit into a pointer.
  */
-#ifndef VARARGS_H
-#define VARARGS_H
+#ifndef ARGUMENTS_H
+#define ARGUMENTS_H
 
 #include <stdarg.h>
 
