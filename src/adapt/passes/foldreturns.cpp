@@ -21,6 +21,8 @@
 #include "adapt/passes/edit.h"
 #include "adapt/passes/passes.h"
 
+#include <unordered_set>
+
 namespace adapt {
 
 namespace {
@@ -30,6 +32,20 @@ constexpr std::size_t most_between = 16;      // instructions between a store an
 
 constexpr std::string_view slot_name = "retval";
 constexpr std::string_view block_name = "return";
+
+// The variables of results that only loads and stores know. Whoever is called leaves them as they are.
+using Slots = std::unordered_set<const Value *>;
+
+Slots findslots(const Function &function)
+{
+    Slots slots;
+    for (const Value *inst = function.blocks.front()->first; inst != nullptr; inst = inst->next) {
+        if (inst->op == Op::alloca_ && inst->name.starts_with(slot_name) && isplainslot(inst)) {
+            slots.insert(inst);
+        }
+    }
+    return slots;
+}
 
 bool isplain(const Value *inst)
 {
@@ -72,54 +88,49 @@ void forwardload(Value *load)
     }
 }
 
-// Takes out a store to the variable that nothing reads until the return.
-void dropstore(const Value *end, std::string_view name)
+// Takes out a store to a variable that nothing reads until the return.
+void dropstore(const Value *end, const Slots &slots)
 {
     Value *inst = end->prev;
     for (std::size_t i = 0; i < most_between && inst != nullptr; ++i, inst = inst->prev) {
         const bool stores = inst->op == Op::store && !inst->is_volatile;
         const Value *address = inst->op == Op::load ? operand(inst, 0) : stores ? operand(inst, 1) : nullptr;
-        if (address == nullptr || !address->name.starts_with(name) || address->op != Op::alloca_) {
-            continue;
+        if (address != nullptr && slots.contains(address)) {
+            if (stores) {
+                remove(inst);
+            }
+            return;
         }
-        if (stores && isplainslot(address)) {
-            remove(inst);
-        }
-        return;
     }
 }
 
-void forwardloads(const Block *block)
+void forwardloads(const Block *block, const Slots &slots)
 {
     for (Value *inst = block->last; inst != nullptr && isplain(inst);) {
         Value *before = inst->prev;
-        if (inst->op == Op::load && !inst->is_volatile && isplainslot(operand(inst, 0))) {
+        if (inst->op == Op::load && !inst->is_volatile && slots.contains(operand(inst, 0))) {
             forwardload(inst);
         }
         inst = before;
     }
-    dropstore(block->last, slot_name);
+    dropstore(block->last, slots);
 }
 
 // Gives each block that jumps here a copy.
-void copyreturn(Function &function, Block *block, std::vector<std::vector<Block *>> &after)
+void copyreturn(Function &function, Block *block, const Slots &slots, std::vector<std::vector<Block *>> &after)
 {
     Region region;
     region.blocks = {block};
-    std::vector<Block *> preds = block->preds;
-    for (Block *pred : preds) {
-        bool jumps = false;
-        for (const Block *target : pred->last->targets) {
-            jumps = jumps || target == block;
-        }
-        if (!jumps) {
-            continue;  // the second edge of the same block
+    std::unordered_set<const Block *> done;
+    for (Block *pred : block->preds) {
+        if (!done.insert(pred).second) {
+            continue;  // another edge of the same block
         }
         std::vector<Block *> made;
         copyregion(function, region, pred, made);
         if (pred->last->targets.size() == 1) {
             mergeinto(pred, made.front());
-            forwardloads(pred);
+            forwardloads(pred, slots);
         } else {
             after[pred->index].push_back(made.front());
         }
@@ -132,10 +143,11 @@ void foldreturns(Function &function)
 {
     numberblocks(function);
     findpreds(function);
+    const Slots slots = findslots(function);
     std::vector<std::vector<Block *>> after(function.blocks.size());
     for (Block *block : function.blocks) {
         if (block != function.blocks.front() && isclosed({{block}, 0}) && onlyreturns(block)) {
-            copyreturn(function, block, after);
+            copyreturn(function, block, slots, after);
         }
     }
     std::vector<Block *> blocks;
