@@ -24,8 +24,10 @@ constexpr Pass passes[] = {
     {"lowerintrinsics", lowerintrinsics},    // of llvm.*, calls of memcpy, memmove and memset alone
     {"loweratomics", loweratomics},          // no atomic access, no fence
     {"loweraggregates", loweraggregates},    // structures as values only from load to store
+    {"lowerwide", lowerwide},                // no integer of more than 64 bits
     {"hoistconstants", hoistconstants},      // computed constants are addresses
     {"lowerodd", lowerodd},                  // integers of 1, 8, 16, 32 and 64 bits only
+    {"lowerfloats", lowerfloats},            // no unsigned 64-bit integer from a floating-point number
     {"lowerlayout", lowerlayout},            // members by place only where they are written in that place
     {"lowerunaligned", lowerunaligned},      // no load or store is aligned by less than its type
     {"lowernan", lowernan},                  // no operand is a constant that isn't a number
@@ -194,6 +196,9 @@ void adaptmodule(Module &module, const AdaptOptions &options, std::string &out, 
     }
     printmetadata(module, out);
     printtail(module, tail);
+    if (options.check_layout) {
+        printlayoutchecks(module, tail);
+    }
 }
 
 }  // namespace adapt

@@ -8,8 +8,9 @@
 namespace adapt {
 
 struct AdaptOptions {
-    std::string print_after;  // show each function after the pass of this name; empty: none
-    bool verify = false;      // check the model after each pass
+    std::string print_after;    // show each function after the pass of this name; empty: none
+    bool verify = false;        // check the model after each pass
+    bool check_layout = false;  // let the C compiler check where structures have their members
 };
 
 // Adapts module.text. `out` is the IR for quarl, `tail` the C that has to follow quarl's, mostly empty. What can't be

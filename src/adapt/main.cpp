@@ -17,6 +17,7 @@ constexpr const char *usage =
     "standard input, and writes the IR that quarl accepts.\n"
     "  -o FILE             the output; standard output without it\n"
     "  --tail FILE         where C goes that has to follow quarl's\n"
+    "  --check-layout      let the C compiler check, in what follows, where structures have their members\n"
     "  --debug             keep the names of members from debug metadata\n"
     "  --verify            check the model after each pass\n"
     "  --print-after=PASS  show each function after the pass\n"
@@ -55,6 +56,8 @@ Options readoptions(int argc, char **argv)
             options.help = true;
         } else if (std::strcmp(argument, "--verify") == 0) {
             options.adapt.verify = true;
+        } else if (std::strcmp(argument, "--check-layout") == 0) {
+            options.adapt.check_layout = true;
         } else if (std::strcmp(argument, "--debug") == 0) {
             options.debug = true;
         } else if (std::strncmp(argument, print_after, sizeof print_after - 1) == 0) {

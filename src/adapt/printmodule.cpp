@@ -273,7 +273,7 @@ void linewithnamed(Module &module, Global &first, std::vector<VariableLine> &lin
 
 bool islocal(const Global &global)
 {
-    return !global.declared_only && variablewords(global) != "";
+    return !global.declared_only && !variablewords(global).empty();
 }
 
 // quarl drops a variable of this file that only the tail names, so the tail has it as well.
