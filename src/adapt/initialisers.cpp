@@ -448,11 +448,14 @@ std::string floattext(const Value *value)
     if (number == 0) {
         return std::signbit(number) ? "-0.000000e+00" : "0.0";
     }
+    constexpr double greatest_without_exponent = 1e9;
+    const bool small = std::fabs(number) < greatest_without_exponent && std::fabs(number) >= 1;
     std::string text(40, '\0');
     for (int digits = 1; digits <= 17; ++digits) {
         const int length = std::snprintf(text.data(), text.size(), "%.*g", digits, number);
         const double read = std::strtod(text.c_str(), nullptr);
-        if (narrow ? static_cast<float>(read) == static_cast<float>(number) : read == number) {
+        const bool same = narrow ? static_cast<float>(read) == static_cast<float>(number) : read == number;
+        if (same && !(small && text.find('e') != std::string::npos)) {
             text.resize(static_cast<std::size_t>(length));
             break;
         }

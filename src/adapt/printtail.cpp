@@ -79,6 +79,26 @@ std::string headof(const Global &global)
 
 // ---- Values ----
 
+// The address as a person would write it; empty if types have to be changed for it.
+std::string plainaddress(const Module &module, const Type *type, const Address &address)
+{
+    const Type *pointee = type->kind == TypeKind::pointer ? type->sub : nullptr;
+    const Type *target = address.global->type;
+    const std::string &name = writtenname(*address.global);
+    if (pointee == target && address.offset == 0) {
+        return (target->kind == TypeKind::function ? "" : "&") + name;
+    }
+    if (target->kind != TypeKind::array || target->sub != pointee || address.offset < 0) {
+        return "";
+    }
+    const std::size_t size = sizeoftype(module, pointee);
+    const auto offset = static_cast<std::size_t>(address.offset);
+    if (size == 0 || offset % size != 0) {
+        return "";
+    }
+    return offset == 0 ? name : "&" + name + "[" + std::to_string(offset / size) + "]";
+}
+
 std::string addresstext(const Module &module, const Type *type, const Value *value)
 {
     Address address;
@@ -86,6 +106,9 @@ std::string addresstext(const Module &module, const Type *type, const Value *val
     const std::string cast = "(" + declared(type, "") + ")";
     if (address.global == nullptr) {
         return (type->kind == TypeKind::pointer ? cast : "") + std::to_string(address.offset);
+    }
+    if (std::string plain = plainaddress(module, type, address); !plain.empty()) {
+        return plain;
     }
     const std::string &name = writtenname(*address.global);
     if (address.global->kind == GlobalKind::function && address.offset == 0) {
