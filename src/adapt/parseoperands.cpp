@@ -18,9 +18,30 @@ Value *harmless(Reader &reader, Type *type)
 
 // ---- Numbers ----
 
+// Of more than 64 bits: the digits are the constant's text. Initialisers have bytes instead.
+Value *readwideinteger(Reader &reader, Type *type)
+{
+    const std::string_view text = reader.lexer.token.text;
+    constexpr std::string_view digits = "0123456789";
+    if (text.find_first_not_of(digits, text.starts_with('-') ? 1 : 0) != std::string_view::npos) {
+        fail(reader, "'" + std::string(text.substr(0, 40)) + "' is no decimal number");
+    } else if (reader.function == nullptr) {
+        fail(reader, "integer of more than 64 bits ('i" + std::to_string(type->bits) + "')");
+    }
+    Value &made = reader.module->arena.values.emplace_back();
+    made.kind = ValueKind::integer;
+    made.type = type;
+    made.text = text;
+    next(reader);
+    return &made;
+}
+
 // A decimal number, or s0x and u0x with hexadecimal digits, of an integer type.
 Value *readinteger(Reader &reader, Type *type)
 {
+    if (type->bits > 64) {
+        return readwideinteger(reader, type);
+    }
     std::string_view digits = reader.lexer.token.text;
     const bool negative = digits[0] == '-';
     digits.remove_prefix(negative ? 1 : 0);

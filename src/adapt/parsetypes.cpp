@@ -6,7 +6,7 @@ namespace adapt {
 namespace {
 
 constexpr unsigned deepest_type = 200;
-constexpr std::uint32_t widest_integer = 64;
+constexpr std::uint32_t widest_integer = 512;  // beyond 64 bits: runs of bit fields
 constexpr std::uint32_t widest_integer_of_ir = 1U << 23U;
 
 // A type that C has nothing for: refused where something is done with it.
@@ -29,7 +29,7 @@ Type *readwordtype(Reader &reader)
         if (bits == 0 || bits > widest_integer_of_ir) {
             fail(reader, "integer of a width that IR doesn't have ('" + std::string(word.substr(0, 20)) + "')");
         } else if (bits > widest_integer) {
-            return foreigntype(reader, "integer of more than 64 bits ('" + std::string(word) + "')");
+            return foreigntype(reader, "integer of more than 512 bits ('" + std::string(word) + "')");
         }
         return inttype(module, static_cast<std::uint32_t>(bits));
     }

@@ -183,9 +183,10 @@ void dropunused(Value *value)
     while (!work.empty()) {
         Value *inst = work.back();
         work.pop_back();
-        const bool pure = inst->kind == ValueKind::instruction && !inst->removed && !inst->is_volatile &&
-                          (inst->op == Op::getelementptr || inst->op == Op::load ||
-                           (inst->op >= Op::trunc && inst->op <= Op::addrspacecast));
+        const bool pure =
+            inst->kind == ValueKind::instruction && !inst->removed && !inst->is_volatile &&
+            (inst->op == Op::getelementptr || inst->op == Op::load || (inst->op >= Op::shl && inst->op <= Op::xor_) ||
+             (inst->op >= Op::trunc && inst->op <= Op::addrspacecast));
         if (!pure || hasuses(inst)) {
             continue;
         }

@@ -103,10 +103,14 @@ void lowerintrinsics(Function &function);
 void loweratomics(Function &function);
 // Structures and arrays as values go through variables.
 void loweraggregates(Function &function);
+// Integers of more than 64 bits, as runs of bit fields are, become words.
+void lowerwide(Function &function);
 // Computed constants other than addresses become instructions.
 void hoistconstants(Function &function);
 // Integers of other widths, bits of floating-point numbers, pointers of other widths, copies of arguments.
 void lowerodd(Function &function);
+// Floating-point numbers to unsigned integers of 64 bits.
+void lowerfloats(Function &function);
 // Each way out of a scope with destructors gets a copy of them.
 void threadcleanups(Function &function);
 // The shared return becomes one in each place that jumps to it.
