@@ -278,7 +278,9 @@ bool foldvalue(Tree &tree, Node *b)
         return false;
     }
     Phi *phi = onlyphi(join);
-    if (phi == nullptr || isaggregate(phi->value->type) || !maynest(b->condition)) {
+    // An emulated integer is passed by its address, which a choice doesn't have.
+    const bool emulated = phi != nullptr && tree.function->module->emulate64 && isinteger(phi->value->type, 64);
+    if (phi == nullptr || emulated || isaggregate(phi->value->type) || !maynest(b->condition)) {
         return false;
     }
     const Incoming *first = incomingfrom(*phi, one == join ? b : one);

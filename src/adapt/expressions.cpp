@@ -571,7 +571,11 @@ Operand printzext(BodyPrinter &printer, const Expr *expr)
 {
     const Expr *part = expr->operands[0];
     const Operand operand = printneeded(printer, part, Need::bits);
-    if (widthof(part->type) == 1 && (compareswide(part) || widthof(expr->type) == 64)) {
+    if (widthof(part->type) == 1 && widthof(expr->type) == 64 && printer.module.emulate64) {
+        Type *word = inttype(printer.module, 16);
+        return defined(printer, expr->type, casttext("sext", word, chosenflag(printer, word, operand), expr->type));
+    }
+    if (widthof(part->type) == 1 && compareswide(part)) {
         return chosenflag(printer, expr->type, operand);
     }
     Operand result = defined(printer, expr->type, casttext("zext", part->type, operand, expr->type));
@@ -601,6 +605,12 @@ Operand printtrunc(BodyPrinter &printer, const Expr *expr)
 {
     const Expr *part = expr->operands[0];
     const Operand operand = printneeded(printer, part, Need::bits);
+    if (printer.module.emulate64 && widthof(part->type) == 64 && widthof(expr->type) > 1) {
+        // quarl leaves out a cast within a cast to the same type, and would leave out the low half with it.
+        Type *half = inttype(printer.module, 32);
+        const Operand low = unsignedcast(printer, half, defined(printer, half, casttext("trunc", part->type, operand, half)));
+        return widthof(expr->type) == 32 ? low : defined(printer, expr->type, casttext("trunc", half, low, expr->type));
+    }
     if (widthof(expr->type) > 1) {
         return defined(printer, expr->type, casttext("trunc", part->type, operand, expr->type));
     }
@@ -817,6 +827,8 @@ Operand printchoice(BodyPrinter &printer, const Expr *expr)
     Operand no = printarm(printer, expr->operands[2], Need::bits);
     printer.no_chains = before;
     const std::uint32_t bits = widthof(expr->type);
+    yes = compareswide(expr->operands[1]) ? chosenflag(printer, expr->type, yes) : yes;
+    no = compareswide(expr->operands[2]) ? chosenflag(printer, expr->type, no) : no;
     if (bits > 1) {
         const Need need = yes.is_unsigned && no.is_unsigned ? Need::bits : Need::as_unsigned;
         if (bits <= bits_of_byte && (isintconstant(expr->operands[1]) || isintconstant(expr->operands[2]))) {
@@ -849,7 +861,8 @@ Operand printlogical(BodyPrinter &printer, const Expr *expr)
         if (term->kind == ExprKind::comma) {
             refuse(*printer.tree.function, nullptr, "condition with statements inside of an expression");
         }
-        terms.push_back(printexpr(printer, term));
+        const Operand condition = printexpr(printer, term);
+        terms.push_back(compareswide(term) ? chosenflag(printer, term->type, condition) : condition);
     }
     Operand result = terms.back();
     for (std::size_t place = terms.size() - 1; place-- > 0;) {
@@ -960,6 +973,19 @@ Operand printstored(BodyPrinter &printer, const Expr *expr, Type *type)
                                ", i16 0");
     }
     return result;
+}
+
+std::string printtarget(BodyPrinter &printer, const Expr *address, const Type *type)
+{
+    const Operand operand = printexpr(printer, address);
+    // quarl takes an element of an array for the array, which tells it nothing of the 64 bits.
+    const bool element =
+        (address->kind == ExprKind::operation && address->op == Op::getelementptr) ||
+        (address->kind == ExprKind::constant && address->value->kind == ValueKind::expression);
+    if (printer.module.emulate64 && widthof(type) == 64 && element) {
+        return castto(printer, address->type, operand).text;
+    }
+    return operand.text;
 }
 
 Operand printselector(BodyPrinter &printer, const Expr *expr)

@@ -50,6 +50,8 @@ struct BodyPrinter {
 Operand printexpr(BodyPrinter &printer, const Expr *expr);
 // As printexpr(), never the bare name of a variable or parameter, which quarl would take for the stored value.
 Operand printstored(BodyPrinter &printer, const Expr *expr, Type *type);
+// The address of what is stored to.
+std::string printtarget(BodyPrinter &printer, const Expr *address, const Type *type);
 // A value for switch: its constants are to be written as signed or unsigned.
 Operand printselector(BodyPrinter &printer, const Expr *expr);
 std::string slotname(const Variable *variable);

@@ -245,10 +245,10 @@ void printstatement(BodyPrinter &printer, const Stmt *stmt)
     case StmtKind::store: {
         Type *type = stmt->value->type;
         const Operand value = printstored(printer, stmt->value, type);
-        const Operand address = printexpr(printer, stmt->address);
+        const std::string address = printtarget(printer, stmt->address, type);
         const std::string text = typetext(type);
         printline(printer, std::string(stmt->is_volatile ? "store volatile " : "store ") + text + " " + value.text +
-                               ", " + text + "* " + address.text);
+                               ", " + text + "* " + address);
         break;
     }
     case StmtKind::set: {

@@ -30,7 +30,7 @@ Type *firstscalar(Type *type)
 // ---- Bytes of a constant in memory ----
 
 struct Image {
-    const Module &module;
+    Module &module;
     std::vector<unsigned char> bytes;
     bool known = true;
 };
@@ -151,14 +151,29 @@ Type *memberin(Type *type, const std::vector<std::uint32_t> &path)
     return type;
 }
 
+// The integer that all the bytes are.
+Value *numberin(const Image &image, Type *type)
+{
+    std::uint64_t number = 0;
+    for (std::size_t i = 0; i < image.bytes.size(); ++i) {
+        const std::size_t shift = image.module.layout.big_endian ? image.bytes.size() - 1 - i : i;
+        number |= std::uint64_t{image.bytes[i]} << (shift * 8);
+    }
+    return intconst(image.module, type, number);
+}
+
 void addbytes(Flattening &work, Type *type, const WrittenMember &member, Value *value)
 {
-    Image image = {work.module, std::vector<unsigned char>(member.type->count), true};
+    Image image = {work.module, std::vector<unsigned char>(sizeoftype(work.module, member.type)), true};
     if (!member.path.empty()) {
         putconstant(image, 0, memberin(type, member.path), memberof(value, member.path));
     }
     if (!image.known) {
         refuse(work.module, &work.global, "address in a packed member of the initialiser");
+    }
+    if (member.type->kind == TypeKind::integer) {
+        work.items.push_back({ItemKind::scalar, member.type, numberin(image, member.type), {}});
+        return;
     }
     std::string &text = work.module.arena.texts.emplace_back(image.bytes.begin(), image.bytes.end());
     addtext(work, member.type, text, true);

@@ -279,6 +279,7 @@ struct Module {
     std::string_view text;    // the input, which outlives the module
     std::string file;         // its name, for messages
     bool keep_debug = false;  // metadata is printed
+    bool emulate64 = false;  // quarl runs with -ll: integers of 64 bits are structures in C
     std::string source_filename;
     DataLayout layout;
     std::deque<Type> types;

@@ -19,6 +19,7 @@ constexpr const char *usage =
     "  --tail FILE         where C goes that has to follow quarl's\n"
     "  --check-layout      let the C compiler check, in what follows, where structures have their members\n"
     "  --debug             keep the names of members from debug metadata\n"
+    "  --ll                for quarl -ll: 64-bit integers are structures in C\n"
     "  --verify            check the model after each pass\n"
     "  --print-after=PASS  show each function after the pass\n"
     "What C has no form for is reported, and nothing is written then.\n";
@@ -29,6 +30,7 @@ struct Options {
     const char *tail = nullptr;
     adapt::AdaptOptions adapt;
     bool debug = false;
+    bool emulate64 = false;
     bool help = false;
     bool good = true;
 };
@@ -58,6 +60,8 @@ Options readoptions(int argc, char **argv)
             options.adapt.verify = true;
         } else if (std::strcmp(argument, "--check-layout") == 0) {
             options.adapt.check_layout = true;
+        } else if (std::strcmp(argument, "--ll") == 0) {
+            options.emulate64 = true;
         } else if (std::strcmp(argument, "--debug") == 0) {
             options.debug = true;
         } else if (std::strncmp(argument, print_after, sizeof print_after - 1) == 0) {
@@ -122,6 +126,7 @@ int run(const Options &options)
     }
     module.text = text;
     module.keep_debug = options.debug;
+    module.emulate64 = options.emulate64;
     std::string out;
     std::string tail;
     adapt::adaptmodule(module, options.adapt, out, tail);

@@ -601,7 +601,7 @@ bool isassigned(Builder &builder, Value *value, const Expr *address)
     const auto found = builder.infos.find(value);
     if (value->kind != ValueKind::instruction || found == builder.infos.end() || !found->second.is_pending ||
         found->second.uses != 2 || hassideeffects(address->effects) || isaggregate(value->type) ||
-        isinteger(value->type, 64)) {  // quarl emulates those by the types that it knows
+        (builder.tree.function->module->emulate64 && isinteger(value->type, 64))) {
         return false;
     }
     const Effects &effects = found->second.expr->effects;

@@ -101,15 +101,35 @@ struct Placing {
     std::size_t align = 1;
 };
 
-void pushbytes(Placing &placing, std::size_t offset, std::size_t size, std::vector<std::uint32_t> path)
+void pushmember(Placing &placing, Type *type, std::size_t offset, std::vector<std::uint32_t> path, bool bytes)
 {
     WrittenMember &member = placing.type.written_members.emplace_back();
-    member.type = arrayof(placing.module, inttype(placing.module, 8), size);
+    member.type = type;
     member.offset = offset;
-    member.bytes = !path.empty();
+    member.bytes = bytes;
     member.path = std::move(path);
-    placing.type.has_bytes = placing.type.has_bytes || member.bytes;
-    placing.end = offset + size;
+    placing.end = offset + sizeoftype(placing.module, type);
+    placing.align = std::max(placing.align, calign(placing.module, type));
+}
+
+void pushbytes(Placing &placing, std::size_t offset, std::size_t size, const std::vector<std::uint32_t> &path)
+{
+    const bool member = !path.empty();
+    placing.type.has_bytes = placing.type.has_bytes || member;
+    pushmember(placing, arrayof(placing.module, inttype(placing.module, 8), size), offset, path, member);
+}
+
+// The integer of C in which one of another width is kept, or null.
+Type *unitfor(const Placing &placing, const Type *member, std::size_t offset)
+{
+    const std::size_t size = sizeoftype(placing.module, member);
+    if (member->kind != TypeKind::integer || size > 8) {
+        return nullptr;
+    }
+    Type *unit = inttype(placing.module, static_cast<std::uint32_t>(size * 8));
+    const std::size_t align = calign(placing.module, unit);
+    const bool fits = align != 0 && align <= placing.limit && offset % align == 0;
+    return fits && sizeoftype(placing.module, unit) == size ? unit : nullptr;
 }
 
 // Bytes up to the offset of a member of this alignment, if C wouldn't leave just these free.
@@ -162,17 +182,13 @@ bool placemember(Placing &placing, Type *member, std::size_t offset, const std::
     if (inner != nullptr && (!fits || inner->has_bytes)) {
         return takemembers(placing, member, offset, path);
     }
-    fillup(placing, offset, fits ? align : 1);
-    if (!fits) {
+    Type *unit = fits ? member : unitfor(placing, member, offset);
+    fillup(placing, offset, unit != nullptr ? calign(placing.module, unit) : 1);
+    if (unit != nullptr) {
+        pushmember(placing, unit, offset, path, !fits);
+    } else {
         pushbytes(placing, offset, size, path);
-        return true;
     }
-    WrittenMember &made = placing.type.written_members.emplace_back();
-    made.type = member;
-    made.offset = offset;
-    made.path = path;
-    placing.end = offset + size;
-    placing.align = std::max(placing.align, align);
     return true;
 }
 
