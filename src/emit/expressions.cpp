@@ -643,6 +643,14 @@ void formconditional(Expr *expr)
     push(expr->right, Paren::always);
 }
 
+// A phi that has not become an operator has no text; reports one that can't become any, once.
+void formphi(Expr *expr)
+{
+    if (expr->cyclic)
+        report("expression too large");
+    expr->cyclic = false;
+}
+
 // ---- Dispatch ---------------------------------------------------------------------------------------------------
 
 using Form = void (*)(Expr *expr);
@@ -654,6 +662,8 @@ struct FormRow {
 
 constexpr FormRow form_rows[] = {
     {op::comma, formcomma},
+    // Left over from a join.
+    {op::phi, formphi},
     {op::field, formfield},
     {op::conditional, formconditional},
     {op::index, formindex},

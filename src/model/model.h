@@ -349,6 +349,7 @@ struct Expr {
     bool counted : 1;      // initialiser reference: its use was counted in the target
     bool false_taken : 1;  // branch pair prepared for a phi: the label was taken over from another block
     bool true_taken : 1;
+    bool cyclic : 1;  // phi: its value would contain itself
 };
 
 // A basic block.
