@@ -606,6 +606,15 @@ struct ShortList {
         ++count;
     }
     void append(Record *record) { insert(count, record); }
+    // Takes out those entries from `first` to before `last`, counted from 0, for which `test` holds.
+    template <class Test>
+    void erase(std::size_t first, std::size_t last, Test test)
+    {
+        Record **entries = capacity ? many : &single;
+        Record **kept = std::remove_if(entries + first, entries + last, test);
+        kept = std::copy(entries + last, entries + count, kept);
+        count = static_cast<std::uint32_t>(kept - entries);
+    }
 
 private:
     void grow()
