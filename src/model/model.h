@@ -492,8 +492,6 @@ void removesymbol(List<Symbol> &list, Symbol *symbol);
 
 // ---- Shapes of types (shapes.cpp) -------------------------------------------------------------------------------
 
-// Whether two types have the same shape: tags, member names and signatures of functions play no part.
-bool equaltype(const Type *a, const Type *b);
 // Whether both are the same scalar.
 bool samescalar(const Type *a, const Type *b);
 // Enters a literal aggregate that was given its tag; finds the newest entry of the shape of `type`, or null.
