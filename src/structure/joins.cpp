@@ -454,13 +454,19 @@ void philoop(WalkState &state, Expr *tree)
     last->op = inst::loop_close;
 }
 
+// Whether the tree of a phi still holds its pairs. The phi can be the last Inst of an empty block after it; preparing
+// that for another phi has overwritten the tree.
+bool holdspairs(const Expr *tree)
+{
+    return tree && tree->right && tree->right->label && tree->left && tree->left->label;
+}
+
 }  // namespace
 
 void handlephi(WalkState &state)
 {
     Expr *tree = state.inst->expr;
-    // The phi can be the last Inst of an empty block after it; preparing that for another phi has overwritten the tree.
-    if (!tree)
+    if (!holdspairs(tree))
         report("unexpected direct phi construct %s", state.block->label ? state.block->label->text : nullptr);
     else if (state.joinstate == join::none)
         philoop(state, tree);
