@@ -64,14 +64,21 @@ Lines take_text(Reader &reader)
     return text;
 }
 
-// Splits the IR from the errors that follow its lines; a line that holds only errors belongs to the one above.
+// Splits the IR at " | " into its lines, and from the errors that follow them. The errors belong to the last of the
+// lines; where there is none, to the line above.
 void take_ir(Case &made, const Lines &text)
 {
+    const std::string bar = " | ";
     const std::string mark = ";! ";
     for (const std::string &line : text) {
         size_t at = line.find(mark);
+        std::string code = line.substr(0, at);
+        for (size_t end = code.find(bar); end != std::string::npos; end = code.find(bar)) {
+            made.ir.push_back(code.substr(0, end));
+            code.erase(0, end + bar.size());
+        }
         if (at != 0)
-            made.ir.push_back(line.substr(0, at));
+            made.ir.push_back(code);
         while (at != std::string::npos) {
             const size_t start = at + mark.size();
             at = line.find(" " + mark, start);
