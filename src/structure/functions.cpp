@@ -105,9 +105,9 @@ namespace {
 void outhead(const Symbol *function)
 {
     if (!no_inline && isinline(function))
-        outinline(function->name, function->type);
+        outmarkeddecl("@inline ", function->name, function->type);
     else if (function->flags & flag::weak)
-        outweak(function->name, function->flags, function->type);
+        outmarkeddecl("@weak ", function->name, function->type);
     else
         outdecl(function->name, function->type);
 }
