@@ -245,11 +245,7 @@ struct Ref {
 
     operator Record *() const { return get(); }
     Record *get() const { return place ? operator->() : nullptr; }
-    Record *operator->() const
-    {
-        char *chunk = pool::chunks[place >> pool::chunk_bits];
-        return reinterpret_cast<Record *>(chunk + (place & (pool::chunk_units - 1)) * pool::unit);
-    }
+    Record *operator->() const { return reinterpret_cast<Record *>(pool::start + place * pool::unit); }
     Ref &operator=(Record *record)
     {
         place = record ? placeof(record) : 0;
@@ -259,11 +255,8 @@ struct Ref {
 private:
     static std::uint32_t placeof(const Record *record)
     {
-        const auto address = reinterpret_cast<std::uintptr_t>(record);
-        const std::size_t offset = address & (pool::chunk_size - 1);
-        const char *chunk = reinterpret_cast<const char *>(record) - offset;
-        const std::size_t chunk_number = *reinterpret_cast<const std::size_t *>(chunk);
-        return static_cast<std::uint32_t>(chunk_number << pool::chunk_bits | offset / pool::unit);
+        const auto offset = static_cast<std::size_t>(reinterpret_cast<const char *>(record) - pool::start);
+        return static_cast<std::uint32_t>(offset / pool::unit);
     }
 };
 
