@@ -93,8 +93,9 @@ Name *slotowner(const Name *name)
     return text.ends_with(slot_suffix) ? intern(text.substr(0, text.size() - slot_suffix.size())) : nullptr;
 }
 
-// Enters a store that assigns a thing to itself by the nodes of both sides. Returns false for longer chains of pointers
-// than programs have: entering those for each store could take more memory than the input accounts for.
+// Enters a store that assigns a thing to itself by the nodes of both sides. Returns false for chains of pointers
+// that are longer than in any program: entering those for each store could take more memory than is in proportion to
+// the input.
 bool watchaddress(Inst *store)
 {
     constexpr std::size_t longest = 16;

@@ -4,8 +4,8 @@
 // aggregates of one shape form a class. Named ones can be recursive, so their classes are found together, by partition
 // refinement: all start in one class, and a class is split where its aggregates differ.
 //
-//     %struct.a = type { i16, %struct.b* }         c has one member more, which tells d from a and b; nothing tells
-//     %struct.b = type { i16, %struct.a* }         a and b apart
+//     %struct.a = type { i16, %struct.b* }         c has one member more, by which d differs from a and b, too;
+//     %struct.b = type { i16, %struct.a* }         a and b are the same
 //     %struct.c = type { i16, %struct.a*, i8 }
 //     %struct.d = type { i16, %struct.c* }
 //
@@ -30,7 +30,7 @@ namespace {
 using NodeId = std::uint32_t;
 using ClassId = std::uint32_t;
 
-// What an aggregate looks like: its kind, and for each member the pointers and arrays down to a scalar, a function, or
+// The shape of an aggregate: its kind, and for each member the pointers and arrays down to a scalar, a function, or
 // the class of an aggregate.
 using Signature = std::vector<std::uint32_t>;
 
@@ -90,7 +90,7 @@ Signature signature(NodeId id)
 }
 
 // ---- Named aggregates -------------------------------------------------------------------------------------------
-// What is split off a class gets a new one, and the nodes that hold it are looked at again. The larger part keeps the
+// What is split off a class gets a new one, and the nodes that hold it are examined again. The larger part keeps the
 // class, so a node changes its class no more often than the logarithm of their number.
 
 struct Partition {

@@ -183,7 +183,7 @@ bool isolder(const Inst *a, const Inst *b)
 }
 
 // The newest store up to `order` that can be folded into a use of the stored local: it is after the last jump and after
-// `definition`, and does not assign a thing to itself. Those that it passes are passed once.
+// `definition`, and does not assign a thing to itself. Stores that can never be folded are skipped in later searches.
 Inst *foldablestore(LocalName &local, const Inst *definition, std::uint32_t order)
 {
     Inst *const *end = upto(local.stores.begin(), local.stores.end(), order);
