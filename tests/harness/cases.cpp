@@ -17,7 +17,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 struct Expectation {
-    std::string kind;      // "body", "section" or "file"
+    std::string kind;      // "body", "heads", "section" or "file"
     std::string argument;  // the section's or function's name
     Lines text;
 };
@@ -93,7 +93,7 @@ Expectation take_expectation(Reader &reader)
 {
     Expectation made;
     std::istringstream(reader.lines[reader.at].substr(4)) >> made.kind >> made.argument;
-    if (made.kind != "body" && made.kind != "section" && made.kind != "file")
+    if (made.kind != "body" && made.kind != "heads" && made.kind != "section" && made.kind != "file")
         reject(reader, "unknown marker");
     reader.at++;
     made.text = take_text(reader);
@@ -176,6 +176,20 @@ Lines body_of(const Lines &output, const std::string &name)
     return body;
 }
 
+// The functions section without its bodies and empty lines.
+Lines heads_of(const Lines &output, const std::string & /*argument*/)
+{
+    Lines heads;
+    bool in_body = false;
+    for (const std::string &line : section_of(output, "functions")) {
+        in_body |= line == "\t{";
+        if (!in_body && !line.empty())
+            heads.push_back(line);
+        in_body &= line != "\t}";
+    }
+    return heads;
+}
+
 // "#error quarl a.ll:12 text" becomes "12: text". A message that ends in a newline of its own is followed by an
 // empty line, which is shown as \n at its end.
 Lines abbreviate(const std::string &err)
@@ -202,7 +216,7 @@ void compare(const std::string &what, const Lines &expected, const Lines &actual
 void check(const Expectation &expected, const Lines &output)
 {
     const bool file = expected.kind == "file";
-    const auto part_of = expected.kind == "body" ? body_of : section_of;
+    const auto part_of = expected.kind == "body" ? body_of : expected.kind == "heads" ? heads_of : section_of;
     compare(expected.kind + " " + expected.argument, expected.text, file ? output : part_of(output, expected.argument));
 }
 

@@ -48,11 +48,13 @@ TEST(output, texts_beyond_the_buffer_arrive_in_order)
     std::string expected = "a" + big;
     outchar('a');
     outtext(big);
-    for (int i = 0; i < 100000; i++) {
+    for (int i = 0; i < 200000; i++)
         outchar('c');
+    for (int i = 0; i < 20000; i++)
         outnumber(-i);
-        expected += "c" + std::to_string(-i);
-    }
+    expected += std::string(200000, 'c');
+    for (int i = 0; i < 20000; i++)
+        expected += std::to_string(-i);
     EXPECT_TRUE(closeoutput());
     EXPECT_TRUE(harness::read_file(directory + "/a.c") == expected);
     harness::remove_directory(directory);
