@@ -87,7 +87,7 @@ TEST(scanner, strings_for_c)
     EXPECT_EQ(cstring("\"\\5C\\22\\0a\\0D\\09\\08\\0b\"", true), "\"\\\\\\\"\\n\\r\\t\\b\\v\"");
     EXPECT_EQ(cstring("\"\\5C000\"", true), "\"\\\\000\"");  // a backslash and three digits, no zero byte
     EXPECT_EQ(cstring("\"\\\\x\\q\"", true), "\"\\\\x\\q\"");
-    EXPECT_EQ(cstring("\"a\\00b\\00\"", true), "\"a\\000b\"");
+    EXPECT_EQ(cstring("\"a\\00b\"", true), "\"a\\000b\"");
     EXPECT_EQ(cstring("x\\00x", false), "x\\000x");
     EXPECT_EQ(cstring("dir\\5Ca\\00", false), "dir\\\\a\\000");
 }
