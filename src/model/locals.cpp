@@ -93,23 +93,23 @@ Name *slotowner(const Name *name)
     return text.ends_with(slot_suffix) ? intern(text.substr(0, text.size() - slot_suffix.size())) : nullptr;
 }
 
-// Enters a store that assigns a thing to itself by the nodes of both sides. Returns false for chains of pointers
-// that are longer than in any program: entering those for each store could take more memory than is in proportion to
-// the input.
+// Enters a store that assigns a thing to itself by the nodes in which its sides differ. Returns false for more of them
+// than in any program: entering those for each store could take more memory than is in proportion to the input.
 bool watchaddress(Inst *store)
 {
-    constexpr std::size_t longest = 16;
-    std::array<const Expr *, longest> nodes{};
+    constexpr std::size_t longest = 8;
+    std::array<std::array<const Expr *, 2>, longest> pairs{};
     std::size_t count = 0;
-    for (const Expr *node : {store->expr->left.get(), store->expr->right.get()}) {
-        for (; node->op != op::leaf; node = node->left) {
-            if (count == longest)
-                return false;
-            nodes[count++] = node;
-        }
+    const Expr *left = store->expr->left;
+    const Expr *right = store->expr->right;
+    for (; left != right && left->op != op::leaf; left = left->left, right = right->left) {
+        if (count == longest)
+            return false;
+        pairs[count++] = {left, right};
     }
     for (std::size_t i = 0; i < count; ++i)
-        locals->set_aside[nodes[i]].push_back(store);
+        for (const Expr *node : pairs[i])
+            locals->set_aside[node].push_back(store);
     return true;
 }
 

@@ -283,7 +283,7 @@ struct Type {
     Ref<Type> sub;  // pointee, element type or return type
     std::uint8_t kind;
     std::uint8_t qual;  // pointer: qual::volatile_ for a pointer to volatile, else 0
-    bool in_aggregate;  // was read between the braces of an aggregate
+    bool compared;      // part of an aggregate whose shape was asked for
     union {
         std::uint32_t count;  // array: number of elements, 0 for unknown
         Ref<Name> tag;        // struct or union: null for a literal type until it is named

@@ -77,12 +77,14 @@ Signature signature(NodeId id)
     constexpr std::uint32_t first_class = 0x100;  // the kinds are below it
     Signature result{shapes->nodes[id]->kind};
     for (const Symbol *member = shapes->nodes[id]->members; member; member = member->next) {
-        const Type *type = member->type;
+        Type *type = member->type;
         for (; iskind(type, kind::pointer) || iskind(type, kind::array); type = type->sub) {
             result.push_back(type->kind);
             if (type->kind == kind::array)
                 result.push_back(type->count);
         }
+        if (type)
+            type->compared = true;
         const std::uint32_t code = type ? type->kind : 0;
         result.push_back(isaggregate(type) ? first_class + shapes->classes[shapes->ids[type]] : code);
     }
@@ -227,7 +229,7 @@ const Type *findanon(const Type *type)
 
 void retyped(const Type *type)
 {
-    if (!type->in_aggregate)
+    if (!type->compared)
         return;
     delete shapes;
     shapes = nullptr;

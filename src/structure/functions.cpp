@@ -51,7 +51,7 @@ void movetofront(InlineOrder &order, Symbol *function)
     std::vector<Symbol *> &candidates = order.named[function->name];
     if (candidates.back() == function)
         return;
-    candidates.erase(std::find(candidates.begin(), candidates.end(), function));
+    candidates.erase(std::next(std::find(candidates.rbegin(), candidates.rend(), function)).base());
     candidates.push_back(function);
 }
 
