@@ -3,8 +3,8 @@
  *
  * The output passes operands by their address, also those without a name, as in _lladd_(&_llneg_(&a), &(_lglg_){0,1}),
  * and it writes both _llsets_(x) and _llsets_{x}. C++ (from C++11) takes all of that: operator& gives the address of a
- * value that lives until the end of its full expression. C (from C11) takes everything but the braces behind _llsets_
- * and _llsetu_, to which no C can give a meaning; there each result is made an object of its own.
+ * value that lives until the end of its full expression. C (from C11) takes everything but the braces after _llsets_
+ * and _llsetu_, which mean nothing in C; there each result is made an object of its own.
  *
  * Nothing here is undefined: arithmetic wraps, a shift by 64 or more or by a negative count shifts all bits out, a
  * division by zero gives all ones and leaves the dividend as the remainder.

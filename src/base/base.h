@@ -47,29 +47,25 @@ void *release(void *block, void *value);
 // Returns a cleared block of `size` bytes that lives until the process ends. Blocks are cut from large chunks.
 void *poolalloc(std::size_t size);
 
-// The pool of records that can be referred to by their place, a number of 32 bits. Places start at 1, and chunks are
-// aligned to their size: a record's address and its place can each be computed from the other.
+// The pool of records that can be referred to by their place, a number of 32 bits: how many units they lie after the
+// start of the pool. The pool is one range of addresses, which takes memory as it is filled.
 namespace pool {
-inline constexpr unsigned unit = 4;  // records start at multiples of it
-inline constexpr unsigned chunk_bits = 16;
-inline constexpr std::size_t chunk_units = std::size_t{1} << chunk_bits;
-inline constexpr std::size_t chunk_size = chunk_units * unit;
-extern char **chunks;  // all chunks, by number; the first word of a chunk holds its number
-extern char *next;     // first free byte of the newest chunk
-extern char *end;      // end of the newest chunk
-void startchunk();     // makes a new one, with its number
+inline constexpr std::size_t unit = 4;  // records start at multiples of it
+extern char *start;                     // null until the first record
+extern char *next;                      // first free byte
+extern char *end;                       // one past the last one
+void open();                            // reserves the addresses; if that was done, the pool is full: ends the process
 }  // namespace pool
 
-// Room, not cleared, for a record. `size` is a multiple of the unit and less than a chunk, `alignment` a power of two
-// that is a multiple of the unit. Inline: both are constants wherever records are made.
+// Room, not cleared, for a record. `size` is a multiple of the unit, `alignment` a power of two that is one too.
+// Inline: both are constants wherever records are made.
 inline void *recordalloc(std::size_t size, std::size_t alignment)
 {
-    const auto room = static_cast<std::size_t>(pool::end - pool::next);
-    // The end of a chunk is aligned for every record, so the room left gives the alignment of the next byte.
-    std::size_t skipped = alignment > pool::unit ? room & (alignment - 1) : 0;
-    if (size + skipped > room) {
-        pool::startchunk();
-        skipped = 0;
+    const std::size_t skipped =
+        alignment > pool::unit ? -reinterpret_cast<std::uintptr_t>(pool::next) & (alignment - 1) : 0;
+    if (size + skipped > static_cast<std::size_t>(pool::end - pool::next)) {
+        pool::open();
+        return recordalloc(size, alignment);
     }
     char *record = pool::next + skipped;
     pool::next = record + size;

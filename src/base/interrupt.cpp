@@ -1,5 +1,5 @@
-// The interrupt signal. Its handler may touch next to nothing, so it leaves word for the places of the run that look
-// for it. A call of the system that waits, for the writer of a pipe for one, ends with an error when it is interrupted.
+// The interrupt signal. A handler may do next to nothing, so this one sets a flag, which the run tests at a few places.
+// A system call that waits, such as opening a pipe, fails when it is interrupted.
 
 #include "base/base.h"
 

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <sys/mman.h>
 
 namespace {
 
@@ -15,8 +16,7 @@ char *text_next;        // first free byte of the newest chunk of poolalloc()
 std::size_t text_left;  // free bytes from there on
 void *text_chunks;      // its chunks, newest first, chained by their first word
 
-std::size_t chunk_count;     // entries of pool::chunks in use
-std::size_t chunk_capacity;  // entries of pool::chunks
+constexpr std::size_t largest_pool = pool::unit << 32U;  // as much as places can tell apart
 
 [[noreturn]] void outofmemory()
 {
@@ -29,33 +29,32 @@ std::size_t aligned(std::size_t size, std::size_t alignment)
     return (size + alignment - 1) & ~(alignment - 1);
 }
 
-void growchunktable()
+// Reserves addresses for the pool, fewer where the process may not have so many. Returns how many.
+std::size_t reserve()
 {
-    if (chunk_count < chunk_capacity)
-        return;
-    chunk_capacity = chunk_capacity ? chunk_capacity * 2 : 64;
-    pool::chunks = static_cast<char **>(std::realloc(pool::chunks, chunk_capacity * sizeof(char *)));
-    if (!pool::chunks)
-        outofmemory();
+    for (std::size_t size = largest_pool; size >= text_chunk_size; size /= 2) {
+        void *room = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+        if (room == MAP_FAILED)
+            continue;
+        pool::start = static_cast<char *>(room);
+        return size;
+    }
+    outofmemory();
 }
 
 }  // namespace
 
-char **pool::chunks;
+char *pool::start;
 char *pool::next;
 char *pool::end;
 
-// The first word of a chunk holds its number; records follow.
-void pool::startchunk()
+void pool::open()
 {
-    growchunktable();
-    void *chunk = std::aligned_alloc(chunk_size, chunk_size);
-    if (!chunk || chunk_count >= (std::size_t{1} << (32 - chunk_bits)))
+    if (start)
         outofmemory();
-    std::memcpy(chunk, &chunk_count, sizeof chunk_count);
-    chunks[chunk_count++] = static_cast<char *>(chunk);
-    next = static_cast<char *>(chunk) + sizeof chunk_count;
-    end = static_cast<char *>(chunk) + chunk_size;
+    const std::size_t size = reserve();
+    next = start + unit;  // no record has the place 0
+    end = start + size;
 }
 
 void installmemoryhandler()

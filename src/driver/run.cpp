@@ -53,10 +53,10 @@ constexpr KeywordLine keyword_lines[] = {
     {"define", readdefine},          {"target", dropline},
 };
 
-// Words of this length open lines of no interest ("module" for one) and pass without a message.
+// Lines that begin with a word of this length, such as "module", are ignored without a message.
 constexpr std::size_t ignored_word_length = 6;
 
-// A line that opens with the identifier `word`.
+// A line that begins with the identifier `word`.
 int readkeywordline(const Token &word)
 {
     if (const KeywordLine *line = findword<keyword_lines>(word))

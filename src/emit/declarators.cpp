@@ -158,19 +158,10 @@ void outdecl(const Name *name, const Type *type)
     outsuffix(type);
 }
 
-void outinline(const Name *name, const Type *type)
+void outmarkeddecl(std::string_view word, const Name *name, const Type *type)
 {
     outprefix(type);
-    outtext("@inline ");
-    outtext(cname(nametext(name)));
-    outsuffix(type);
-}
-
-void outweak(const Name *name, std::uint32_t flags, const Type *type)
-{
-    outprefix(type);
-    if (flags & flag::weak)
-        outtext("@weak ");
+    outtext(word);
     outtext(cname(nametext(name)));
     outsuffix(type);
 }

@@ -11,9 +11,8 @@
 
 // Writes one declarator; a null `name` writes the type alone. Kinds without a C name are reported.
 void outdecl(const Name *name, const Type *type);
-// The heads of functions with @inline, and with @weak if `flags` have it.
-void outinline(const Name *name, const Type *type);
-void outweak(const Name *name, std::uint32_t flags, const Type *type);
+// Writes a declarator with a word, such as "@inline ", before the name.
+void outmarkeddecl(std::string_view word, const Name *name, const Type *type);
 // Writes the definition of an aggregate: on lines of its own with a `name`, which is quoted where the definition is
 // missing, on one line with null.
 void outaggregate(const Type *type, const Name *name);

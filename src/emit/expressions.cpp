@@ -488,15 +488,21 @@ void formnot(Expr *expr)
 // ---- Casts ------------------------------------------------------------------------------------------------------
 
 // The operand of a cast without the inner casts that the outer one makes redundant.
-Expr *castoperand(const Expr *expr)
+Expr *castoperand(Expr *expr)
 {
     Expr *operand = expr->left;
     if (!expr->type)
         return operand;
     const std::uint8_t target = expr->type->kind;
     const bool stepped = target == kind::pointer || target <= kind::last_scalar;
-    while (stepped && isop(operand, op::cast) && iskind(operand->type, target))
+    Expr *last = nullptr;  // of the redundant casts
+    while (stepped && isop(operand, op::cast) && iskind(operand->type, target)) {
+        last = operand;
         operand = operand->left;
+    }
+    // The others go, so that no further printing passes them.
+    if (last)
+        expr->left = last;
     return operand;
 }
 
@@ -643,6 +649,14 @@ void formconditional(Expr *expr)
     push(expr->right, Paren::always);
 }
 
+// A phi that has not become an operator has no text; reports one that can't become any, once.
+void formphi(Expr *expr)
+{
+    if (expr->cyclic)
+        report("expression too large");
+    expr->cyclic = false;
+}
+
 // ---- Dispatch ---------------------------------------------------------------------------------------------------
 
 using Form = void (*)(Expr *expr);
@@ -654,6 +668,8 @@ struct FormRow {
 
 constexpr FormRow form_rows[] = {
     {op::comma, formcomma},
+    // Left over from a join.
+    {op::phi, formphi},
     {op::field, formfield},
     {op::conditional, formconditional},
     {op::index, formindex},

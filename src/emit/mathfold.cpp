@@ -68,8 +68,8 @@ std::string_view foldmath(const Expr *callee, const Expr *args)
     if (x < 0 && !takesnegative(row->function))
         return {};
     const double result = compute(row->function, x);
-    if (!std::isfinite(result))
-        return {};  // C has no such constant
+    if (std::isinf(result))
+        return {};  // C has no such constant; what isn't a number comes of an argument that is none either
     if (result == 0)
         return "0.000000e+00";
     static std::array<char, 32> text;

@@ -9,8 +9,10 @@
 #include "frontend/frontend.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <new>
+#include <unordered_map>
 
 namespace {
 
@@ -25,6 +27,9 @@ struct LocalIndex {
     std::vector<Inst *> statements;            // appended ones; next_live skips those that are none any more
     std::vector<std::uint32_t> next_live;      // disjoint sets: an entry that points to itself is a statement
     std::map<std::uint32_t, Inst *> inserted;  // statements that belong to temporaries, by order
+    // Stores that assign a thing to itself, by the nodes of both sides: when one of these becomes the name of a
+    // temporary, the sides may differ.
+    std::unordered_map<const Expr *, std::vector<Inst *>> set_aside;
 };
 
 // Made with the first function and never destroyed, which would free its lists one by one at the end of the run.
@@ -88,6 +93,26 @@ Name *slotowner(const Name *name)
     return text.ends_with(slot_suffix) ? intern(text.substr(0, text.size() - slot_suffix.size())) : nullptr;
 }
 
+// Enters a store that assigns a thing to itself by the nodes in which its sides differ. Returns false for more of them
+// than in any program: entering those for each store could take more memory than is in proportion to the input.
+bool watchaddress(Inst *store)
+{
+    constexpr std::size_t longest = 8;
+    std::array<std::array<const Expr *, 2>, longest> pairs{};
+    std::size_t count = 0;
+    const Expr *left = store->expr->left;
+    const Expr *right = store->expr->right;
+    for (; left != right && left->op != op::leaf; left = left->left, right = right->left) {
+        if (count == longest)
+            return false;
+        pairs[count++] = {left, right};
+    }
+    for (std::size_t i = 0; i < count; ++i)
+        for (const Expr *node : pairs[i])
+            locals->set_aside[node].push_back(store);
+    return true;
+}
+
 // Enters an Inst that has its order already.
 void enter(Inst *instruction)
 {
@@ -125,6 +150,7 @@ void beginlocals()
     locals->statements.clear();
     locals->next_live.clear();
     locals->inserted.clear();
+    locals->set_aside.clear();
 }
 
 LocalName *findlocal(const Name *name)
@@ -196,6 +222,25 @@ Inst *nextstatement(const Inst *from)
     if (temporary != locals->inserted.end() && (!found || temporary->first < found->order))
         found = temporary->second;
     return found && found->block == from->block ? found : nullptr;
+}
+
+void setaside(LocalName &local, Inst *const *first, Inst *const *last)
+{
+    if (first == last)
+        return;
+    Inst *const *begin = local.stores.begin();
+    local.stores.erase(static_cast<std::size_t>(first - begin), static_cast<std::size_t>(last - begin),
+                       [](Inst *store) { return store->op != inst::statement || watchaddress(store); });
+}
+
+void noterenamed(const Expr *node)
+{
+    const auto entry = locals->set_aside.find(node);
+    if (entry == locals->set_aside.end())
+        return;
+    for (Inst *store : entry->second)
+        insertbyorder(localname(store->expr->value).stores, store);
+    locals->set_aside.erase(entry);
 }
 
 void notefolded(Inst *store)

@@ -12,6 +12,13 @@ bool nojumpbetween(std::uint32_t older, std::uint32_t newer);
 // The first Inst of op `statement` in the block of `from`, from `from` on, or null.
 Inst *nextstatement(const Inst *from);
 
+// A search has passed the stores of `local` from `first` to before `last`, which can't be folded. Later searches pass
+// them no more, but for a store that no longer assigns a thing to itself.
+void setaside(LocalName &local, Inst *const *first, Inst *const *last);
+
+// The node of a tree has become the name of a temporary.
+void noterenamed(const Expr *node);
+
 // A store was folded into a use: from now on it is a value, which defines its `name`.
 void notefolded(Inst *store);
 

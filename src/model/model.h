@@ -245,11 +245,7 @@ struct Ref {
 
     operator Record *() const { return get(); }
     Record *get() const { return place ? operator->() : nullptr; }
-    Record *operator->() const
-    {
-        char *chunk = pool::chunks[place >> pool::chunk_bits];
-        return reinterpret_cast<Record *>(chunk + (place & (pool::chunk_units - 1)) * pool::unit);
-    }
+    Record *operator->() const { return reinterpret_cast<Record *>(pool::start + place * pool::unit); }
     Ref &operator=(Record *record)
     {
         place = record ? placeof(record) : 0;
@@ -259,11 +255,8 @@ struct Ref {
 private:
     static std::uint32_t placeof(const Record *record)
     {
-        const auto address = reinterpret_cast<std::uintptr_t>(record);
-        const std::size_t offset = address & (pool::chunk_size - 1);
-        const char *chunk = reinterpret_cast<const char *>(record) - offset;
-        const std::size_t chunk_number = *reinterpret_cast<const std::size_t *>(chunk);
-        return static_cast<std::uint32_t>(chunk_number << pool::chunk_bits | offset / pool::unit);
+        const auto offset = static_cast<std::size_t>(reinterpret_cast<const char *>(record) - pool::start);
+        return static_cast<std::uint32_t>(offset / pool::unit);
     }
 };
 
@@ -290,7 +283,7 @@ struct Type {
     Ref<Type> sub;  // pointee, element type or return type
     std::uint8_t kind;
     std::uint8_t qual;  // pointer: qual::volatile_ for a pointer to volatile, else 0
-    bool in_aggregate;  // was read between the braces of an aggregate
+    bool compared;      // part of an aggregate whose shape was asked for
     union {
         std::uint32_t count;  // array: number of elements, 0 for unknown
         Ref<Name> tag;        // struct or union: null for a literal type until it is named
@@ -349,6 +342,7 @@ struct Expr {
     bool counted : 1;      // initialiser reference: its use was counted in the target
     bool false_taken : 1;  // branch pair prepared for a phi: the label was taken over from another block
     bool true_taken : 1;
+    bool cyclic : 1;  // phi: its value would contain itself
 };
 
 // A basic block.
@@ -491,8 +485,6 @@ void removesymbol(List<Symbol> &list, Symbol *symbol);
 
 // ---- Shapes of types (shapes.cpp) -------------------------------------------------------------------------------
 
-// Whether two types have the same shape: tags, member names and signatures of functions play no part.
-bool equaltype(const Type *a, const Type *b);
 // Whether both are the same scalar.
 bool samescalar(const Type *a, const Type *b);
 // Enters a literal aggregate that was given its tag; finds the newest entry of the shape of `type`, or null.
@@ -605,6 +597,15 @@ struct ShortList {
         ++count;
     }
     void append(Record *record) { insert(count, record); }
+    // Takes out those entries from `first` to before `last`, counted from 0, for which `test` holds.
+    template <class Test>
+    void erase(std::size_t first, std::size_t last, Test test)
+    {
+        Record **entries = capacity ? many : &single;
+        Record **kept = std::remove_if(entries + first, entries + last, test);
+        kept = std::copy(entries + last, entries + count, kept);
+        count = static_cast<std::uint32_t>(kept - entries);
+    }
 
 private:
     void grow()

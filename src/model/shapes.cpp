@@ -1,7 +1,21 @@
-// The shapes of types: whether two types are the same but for names, and the literal aggregates that have a tag.
+// The shapes of types, and the literal aggregates that have a tag by their shape.
+//
+// Two types have the same shape if they are the same but for tags, names of members and signatures of functions. The
+// aggregates of one shape form a class. Named ones can be recursive, so their classes are found together, by partition
+// refinement: all start in one class, and a class is split where its aggregates differ.
+//
+//     %struct.a = type { i16, %struct.b* }         c has one member more, by which d differs from a and b, too;
+//     %struct.b = type { i16, %struct.a* }         a and b are the same
+//     %struct.c = type { i16, %struct.a*, i8 }
+//     %struct.d = type { i16, %struct.c* }
+//
+// A literal aggregate elsewhere is no part of a named one: its class follows from its members.
 
 #include "model/model.h"
 
+#include <algorithm>
+#include <map>
+#include <numeric>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -11,223 +25,212 @@ bool samescalar(const Type *a, const Type *b)
     return a && b && a->kind == b->kind && a->kind <= kind::last_scalar;
 }
 
-// ---- Shapes -----------------------------------------------------------------------------------------------------
-
 namespace {
 
-using TypePair = std::pair<const Type *, const Type *>;
+using NodeId = std::uint32_t;
+using ClassId = std::uint32_t;
 
-// Aggregates that are known to be equal form classes, kept as trees. A comparison joins the classes of a pair before
-// it compares the members, so that it ends on recursive types, and splits them again if it finds a difference. So each
-// pair of aggregates is compared once in a run, or once in a comparison that fails.
-struct ShapeClasses {
-    std::unordered_map<const Type *, const Type *> parent;  // an aggregate without an entry is a root
-    std::unordered_map<const Type *, std::uint32_t> rank;   // height of a root's tree
+// The shape of an aggregate: its kind, and for each member the pointers and arrays down to a scalar, a function, or
+// the class of an aggregate.
+using Signature = std::vector<std::uint32_t>;
+
+struct Shapes {
+    std::vector<const Type *> nodes;  // the aggregates, each after one that holds it
+    std::vector<ClassId> classes;     // of the nodes
+    std::unordered_map<const Type *, NodeId> ids;
+    std::map<Signature, ClassId> known;
+    std::vector<const Type *> tagged;  // the newest aggregate of each class that has a tag, null for none
 };
 
-// Like the index below never destroyed, which would free its entries one by one at the end of the run.
-ShapeClasses &shapeclasses()
-{
-    static auto &classes = *new ShapeClasses;
-    return classes;
-}
+// Never destroyed, which would free its entries one by one at the end of the run. Null until a shape is asked for, and
+// again when a type has changed.
+Shapes *shapes;
+constinit std::vector<const Type *> anon_types;  // all literal aggregates that have a tag, the newest last
 
-const Type *classof(const Type *type)
+// The first type on the way down through pointers and arrays that is neither.
+const Type *base(const Type *type)
 {
-    const auto &parent = shapeclasses().parent;
-    for (auto entry = parent.find(type); entry != parent.end(); entry = parent.find(type))
-        type = entry->second;
+    while (iskind(type, kind::pointer) || iskind(type, kind::array))
+        type = type->sub;
     return type;
 }
 
-// Joins two classes by their roots, the lower tree under the higher one. Returns the root that is one no longer.
-const Type *joinclasses(const Type *a, const Type *b)
+void addnode(const Type *type)
 {
-    ShapeClasses &classes = shapeclasses();
-    if (classes.rank[a] < classes.rank[b])
-        std::swap(a, b);
-    if (classes.rank[a] == classes.rank[b])
-        ++classes.rank[a];
-    classes.parent[b] = a;
-    return b;
+    if (!shapes->ids.try_emplace(type, static_cast<NodeId>(shapes->nodes.size())).second)
+        return;
+    shapes->nodes.push_back(type);
+    shapes->classes.push_back(0);
 }
 
-// A comparison: the pairs of types still to be compared, and the classes that were joined for it.
-struct ShapeComparison {
-    std::vector<TypePair> pending;
-    std::vector<const Type *> joined;
+// Adds the aggregates that the nodes from `first` on hold.
+void addparts(NodeId first)
+{
+    for (NodeId id = first; id < shapes->nodes.size(); ++id)
+        for (const Symbol *member = shapes->nodes[id]->members; member; member = member->next)
+            if (isaggregate(base(member->type)))
+                addnode(base(member->type));
+}
+
+Signature signature(NodeId id)
+{
+    constexpr std::uint32_t first_class = 0x100;  // the kinds are below it
+    Signature result{shapes->nodes[id]->kind};
+    for (const Symbol *member = shapes->nodes[id]->members; member; member = member->next) {
+        Type *type = member->type;
+        for (; iskind(type, kind::pointer) || iskind(type, kind::array); type = type->sub) {
+            result.push_back(type->kind);
+            if (type->kind == kind::array)
+                result.push_back(type->count);
+        }
+        if (type)
+            type->compared = true;
+        const std::uint32_t code = type ? type->kind : 0;
+        result.push_back(isaggregate(type) ? first_class + shapes->classes[shapes->ids[type]] : code);
+    }
+    return result;
+}
+
+// ---- Named aggregates -------------------------------------------------------------------------------------------
+// What is split off a class gets a new one, and the nodes that hold it are examined again. The larger part keeps the
+// class, so a node changes its class no more often than the logarithm of their number.
+
+struct Partition {
+    std::vector<std::vector<NodeId>> members;  // of each class
+    std::vector<std::size_t> places;           // of the nodes, in the members of their class
+    std::vector<std::vector<NodeId>> holders;  // of each node, the nodes that have it in a member
+    std::vector<NodeId> changed;               // nodes whose signature may have changed
 };
 
-// Descends both types through pointers and arrays to the first other kind. Returns false if the types differ.
-bool descend(const Type *&a, const Type *&b)
+void findholders(Partition &partition)
 {
-    while (a && b && a != b) {
-        if (a->kind != b->kind || (a->kind == kind::array && a->count != b->count))
-            return false;
-        if (a->kind != kind::pointer && a->kind != kind::array)
-            return true;
-        a = a->sub;
-        b = b->sub;
+    partition.holders.resize(shapes->nodes.size());
+    for (NodeId id = 0; id < shapes->nodes.size(); ++id)
+        for (const Symbol *member = shapes->nodes[id]->members; member; member = member->next)
+            if (isaggregate(base(member->type)))
+                partition.holders[shapes->ids[base(member->type)]].push_back(id);
+}
+
+void removemember(Partition &partition, NodeId id)
+{
+    std::vector<NodeId> &members = partition.members[shapes->classes[id]];
+    members[partition.places[id]] = members.back();
+    partition.places[members.back()] = partition.places[id];
+    members.pop_back();
+}
+
+void setmembers(Partition &partition, ClassId shape, std::vector<NodeId> members)
+{
+    for (std::size_t place = 0; place < members.size(); ++place) {
+        partition.places[members[place]] = place;
+        shapes->classes[members[place]] = shape;
     }
-    return a == b;
+    partition.members[shape] = std::move(members);
 }
 
-// Both are aggregates of one kind: their members become pending. Returns false if the member lists differ in length.
-bool comparemembers(ShapeComparison &comparison, const Type *a, const Type *b)
+// Splits a class into `part` and what is left.
+void splitclass(Partition &partition, std::vector<NodeId> part)
 {
-    const Type *root_a = classof(a);
-    const Type *root_b = classof(b);
-    if (root_a == root_b)
-        return true;
-    comparison.joined.push_back(joinclasses(root_a, root_b));
-    const Symbol *x = a->members;
-    const Symbol *y = b->members;
-    for (; x && y; x = x->next, y = y->next)
-        comparison.pending.emplace_back(x->type, y->type);
-    return x == y;
-}
-
-bool runcomparison(ShapeComparison &comparison)
-{
-    while (!comparison.pending.empty()) {
-        auto [a, b] = comparison.pending.back();
-        comparison.pending.pop_back();
-        if (!descend(a, b))
-            return false;
-        if (a != b && isaggregate(a) && !comparemembers(comparison, a, b))
-            return false;
+    const ClassId shape = shapes->classes[part.front()];
+    for (const NodeId id : part)
+        removemember(partition, id);
+    if (partition.members[shape].size() < part.size()) {
+        std::swap(partition.members[shape], part);
+        setmembers(partition, shape, std::move(partition.members[shape]));
     }
-    return true;
-}
-
-}  // namespace
-
-bool equaltype(const Type *a, const Type *b)
-{
-    ShapeComparison comparison;
-    comparison.pending.emplace_back(a, b);
-    if (runcomparison(comparison))
-        return true;
-    for (const Type *type : comparison.joined)
-        shapeclasses().parent.erase(type);
-    return false;
-}
-
-// ---- Literal aggregates that have a tag -------------------------------------------------------------------------
-
-namespace {
-
-// Entries of the same hash, the newest last. A few are searched by comparing; a bucket that grows beyond that is split
-// by a second hash that reaches as deep as any line can nest.
-struct AnonBucket {
-    std::vector<const Type *> entries;
-    bool split = false;
-};
-
-using AnonIndex = std::unordered_map<std::size_t, AnonBucket>;
-
-AnonIndex &anonindex()
-{
-    static auto &index = *new AnonIndex;
-    return index;
-}
-
-constinit std::vector<const Type *> anon_types;  // all entries, the newest last
-bool anon_stale;                                 // a type has changed since the index was built
-
-constexpr std::size_t bucket_size = 8;
-constexpr int shallow_nodes = 48;
-constexpr int deep_nodes = 8192;
-
-std::size_t mixed(std::size_t hash, std::size_t value)
-{
-    constexpr std::size_t multiplier = 0x9E3779B97F4A7C15U;
-    hash = (hash ^ value) * multiplier;
-    return hash ^ hash >> 29U;
-}
-
-// The hash of the first `nodes` nodes of a type, aggregates expanded into their members in order. Equal types expand
-// alike, recursive ones too.
-std::size_t shapehash(const Type *type, int nodes)
-{
-    static std::vector<const Symbol *> rest;  // members to come, the next one last
-    rest.clear();
-    std::size_t hash = static_cast<std::size_t>(nodes);
-    while (nodes-- > 0) {
-        const std::uint8_t code = type ? type->kind : 0;
-        hash = mixed(hash, code);
-        if (code == kind::array)
-            hash = mixed(hash, type->count);
-        if (code == kind::pointer || code == kind::array) {
-            type = type->sub;
-            continue;
-        }
-        if (code == kind::structure || code == kind::union_)
-            rest.push_back(type->members);
-        while (!rest.empty() && !rest.back()) {
-            hash = mixed(hash, 0);  // the end of an aggregate
-            rest.pop_back();
-        }
-        if (rest.empty())
-            break;
-        type = rest.back()->type;
-        rest.back() = rest.back()->next;
-    }
-    return hash;
-}
-
-AnonBucket &anonbucket(const Type *type)
-{
-    AnonBucket &shallow = anonindex()[shapehash(type, shallow_nodes)];
-    return shallow.split ? anonindex()[shapehash(type, deep_nodes)] : shallow;
-}
-
-void enteranon(const Type *type)
-{
-    AnonBucket &bucket = anonbucket(type);
-    bucket.entries.push_back(type);
-    if (bucket.entries.size() <= bucket_size || bucket.split)
+    if (part.empty())
         return;
-    AnonBucket &shallow = anonindex()[shapehash(type, shallow_nodes)];
-    if (&shallow != &bucket)
-        return;  // a deep one: there is no third hash
-    shallow.split = true;
-    const std::vector<const Type *> entries = std::move(shallow.entries);
-    for (const Type *entry : entries)
-        anonindex()[shapehash(entry, deep_nodes)].entries.push_back(entry);
+    for (const NodeId id : part)
+        partition.changed.insert(partition.changed.end(), partition.holders[id].begin(), partition.holders[id].end());
+    partition.members.emplace_back();
+    setmembers(partition, static_cast<ClassId>(partition.members.size() - 1), std::move(part));
 }
 
-void refreshindex()
+// The changed nodes by class and signature.
+std::map<Signature, std::vector<NodeId>> changedparts(Partition &partition)
 {
-    if (!anon_stale)
+    std::map<Signature, std::vector<NodeId>> parts;
+    std::sort(partition.changed.begin(), partition.changed.end());
+    partition.changed.erase(std::unique(partition.changed.begin(), partition.changed.end()), partition.changed.end());
+    for (const NodeId id : partition.changed) {
+        Signature key = signature(id);
+        key.push_back(shapes->classes[id]);
+        parts[std::move(key)].push_back(id);
+    }
+    partition.changed.clear();
+    return parts;
+}
+
+void findclasses()
+{
+    Partition partition;
+    findholders(partition);
+    partition.changed.resize(shapes->nodes.size());
+    std::iota(partition.changed.begin(), partition.changed.end(), 0);
+    partition.places.resize(shapes->nodes.size());
+    partition.members.emplace_back();
+    setmembers(partition, 0, partition.changed);
+    while (!partition.changed.empty())
+        for (auto &[key, part] : changedparts(partition))
+            splitclass(partition, std::move(part));
+    for (const std::vector<NodeId> &members : partition.members)
+        if (!members.empty())
+            shapes->known.emplace(signature(members.front()), shapes->classes[members.front()]);
+    shapes->tagged.resize(partition.members.size());
+}
+
+// ---- Literal aggregates -----------------------------------------------------------------------------------------
+
+// The place of the newest tagged aggregate of the shape of `type`.
+const Type *&taggedplace(const Type *type)
+{
+    const auto first = static_cast<NodeId>(shapes->nodes.size());
+    addnode(type);
+    addparts(first);
+    // The parts first: they have been added after what holds them.
+    for (NodeId id = static_cast<NodeId>(shapes->nodes.size()); id-- > first;) {
+        const auto next = static_cast<ClassId>(shapes->tagged.size());
+        const auto [entry, is_new] = shapes->known.try_emplace(signature(id), next);
+        shapes->classes[id] = entry->second;
+        if (is_new)
+            shapes->tagged.push_back(nullptr);
+    }
+    return shapes->tagged[shapes->classes[shapes->ids[type]]];
+}
+
+void findshapes()
+{
+    if (shapes)
         return;
-    anon_stale = false;
-    shapeclasses() = {};
-    anonindex().clear();
+    shapes = new Shapes;
+    for (const Symbol *entry = aggregates.head; entry; entry = entry->next)
+        if (isaggregate(entry->type))
+            addnode(entry->type);
+    addparts(0);
+    findclasses();
     for (const Type *type : anon_types)
-        enteranon(type);
+        taggedplace(type) = type;
 }
 
 }  // namespace
 
 void addanon(const Type *type)
 {
-    refreshindex();
+    findshapes();
     anon_types.push_back(type);
-    enteranon(type);
+    taggedplace(type) = type;
 }
 
 const Type *findanon(const Type *type)
 {
-    refreshindex();
-    const std::vector<const Type *> &entries = anonbucket(type).entries;
-    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry)
-        if (equaltype(type, *entry))
-            return *entry;
-    return nullptr;
+    findshapes();
+    return taggedplace(type);
 }
 
 void retyped(const Type *type)
 {
-    anon_stale |= type->in_aggregate;
+    if (!type->compared)
+        return;
+    delete shapes;
+    shapes = nullptr;
 }

@@ -92,6 +92,7 @@ Expr *movetotemporary(Inst *definition)
     tree->op = op::leaf;
     tree->leaf = leaf::name;
     tree->value = tempname(definition->name);
+    noterenamed(tree);
 
     Inst *assignment = newinst();
     assignment->op = inst::statement;
@@ -182,17 +183,21 @@ bool isolder(const Inst *a, const Inst *b)
 }
 
 // The newest store up to `order` that can be folded into a use of the stored local: it is after the last jump and after
-// `definition`, and does not assign a thing to itself.
-Inst *foldablestore(const LocalName &local, const Inst *definition, std::uint32_t order)
+// `definition`, and does not assign a thing to itself. Stores that can never be folded are skipped in later searches.
+Inst *foldablestore(LocalName &local, const Inst *definition, std::uint32_t order)
 {
-    Inst *const *at = upto(local.stores.begin(), local.stores.end(), order);
-    while (at != local.stores.begin()) {
-        Inst *store = *--at;
+    Inst *const *end = upto(local.stores.begin(), local.stores.end(), order);
+    Inst *const *at = end;
+    for (; at != local.stores.begin(); --at) {
+        Inst *store = at[-1];
         if (!isolder(definition, store) || !nojumpbetween(store->order, order))
-            return nullptr;
-        if (store->op == inst::statement && !sameoperand(store->expr->left, store->expr->right))
+            break;
+        if (store->op == inst::statement && !sameoperand(store->expr->left, store->expr->right)) {
+            setaside(local, at, end);
             return store;
+        }
     }
+    setaside(local, at, end);
     return nullptr;
 }
 
@@ -234,7 +239,7 @@ Expr *substitute(Expr *operand, Block *block)
     if (!isleaf(operand, leaf::local))
         return operand;
     operand->leaf = leaf::name;
-    const LocalName *local = findlocal(operand->value);
+    LocalName *local = findlocal(operand->value);
     if (!local || !block || !block->last)
         return undefinedlocal(operand);
 

@@ -414,8 +414,7 @@ void gettoken(Token &t)
 
 void ungettoken(const Token &t)
 {
-    if (t.code != token::end_of_line)
-        cursor = t.text;
+    cursor = t.text;
 }
 
 void setcursor(const char *text)

@@ -218,8 +218,8 @@ Expr *unlinked(Expr *element, const List<Expr> &elements)
     return copy;
 }
 
-// Reads an element that the line has ended before, for its reports alone: a type can have far more members than the
-// line has characters, so nothing is kept.
+// Reads an element after the end of the line, only for its reports: a type can have far more members than the line has
+// characters, so nothing is kept.
 void readmissing()
 {
     const Expr *element = readterm(nullptr, nullptr);

@@ -30,15 +30,6 @@ constexpr BaseType base_types[] = {
     {"i64", kind::int64},  {"float", kind::float32}, {"double", kind::float64},
 };
 
-int aggregate_depth;  // braces open around the type being read
-
-Type *makenode(std::uint8_t code, Type *sub)
-{
-    Type *type = newtype(code, sub);
-    type->in_aggregate = aggregate_depth > 0;
-    return type;
-}
-
 // The names "f0", "f1", ... of the members of a structure, by position.
 Name *membername(std::uint32_t place)
 {
@@ -58,7 +49,6 @@ Symbol *namedaggregate(Name *name)
     if (name->forward)
         return name->forward;
     Symbol *symbol = newsym(name, newtype(kind::void_, nullptr));
-    symbol->type->in_aggregate = true;
     addaggregate(symbol);
     return symbol;
 }
@@ -79,7 +69,7 @@ constinit std::vector<OpenType> open_types;
 // "[" number "x" from after the bracket.
 void openarray()
 {
-    Type *array = makenode(kind::array, nullptr);
+    Type *array = newtype(kind::array, nullptr);
     Token t;
     gettoken(t);
     if (t.code == token::number)
@@ -93,11 +83,10 @@ void openarray()
 // "{" from after the brace. Returns the type if it ends at once.
 Type *openstructure()
 {
-    Type *structure = makenode(kind::structure, nullptr);
+    Type *structure = newtype(kind::structure, nullptr);
     if (acceptif(token::right_brace))
         return structure;
     open_types.push_back({OpenType::Form::structure, false, structure});
-    ++aggregate_depth;
     return nullptr;
 }
 
@@ -118,7 +107,7 @@ bool endsparameters(OpenType &open)
 // "(" from after the parenthesis. Returns the type if the list is empty.
 Type *openparameters(Type *result)
 {
-    OpenType open{OpenType::Form::parameters, false, makenode(kind::function, result)};
+    OpenType open{OpenType::Form::parameters, false, newtype(kind::function, result)};
     if (endsparameters(open))
         return open.type;
     open_types.push_back(open);
@@ -154,7 +143,6 @@ bool closemember(OpenType &open, Type *member)
     if (!endsmembers("missing , in structure type", clean))
         return false;
     open.type->members = open.parts.head;
-    --aggregate_depth;
     return true;
 }
 
@@ -191,9 +179,9 @@ Type *closepart(Type *part)
 Type *readbasetype(const Token &t)
 {
     if (const BaseType *row = findword<base_types>(t))
-        return makenode(row->kind, nullptr);
+        return newtype(row->kind, nullptr);
     report("invalid base type %.*s", tokentext(t));
-    return makenode(kind::int16, nullptr);
+    return newtype(kind::int16, nullptr);
 }
 
 // The name after "%", plain or quoted.
@@ -221,10 +209,10 @@ Type *readhead()
         return openstructure();
     case token::percent:
         if (!readaggregatename(t))
-            return makenode(kind::int16, nullptr);
+            return newtype(kind::int16, nullptr);
         return namedaggregate(intern(tokentext(t)))->type;
     case token::ellipsis:
-        return makenode(kind::ellipsis, nullptr);
+        return newtype(kind::ellipsis, nullptr);
     default:
         return readbasetype(t);
     }
@@ -237,7 +225,7 @@ Type *readsuffixes(Type *type)
         Token t;
         gettoken(t);
         if (t.code == token::star) {
-            type = makenode(kind::pointer, type);
+            type = newtype(kind::pointer, type);
         } else if (t.code == token::left_paren) {
             type = openparameters(type);
         } else {
@@ -349,12 +337,10 @@ bool readmembers(Type *aggregate)
 {
     bool clean = true;
     List<Symbol> members{};
-    ++aggregate_depth;
     std::uint32_t place = 0;
     do
         append(members, newsym(membername(place++), readtype()));
     while (!endsmembers("syntax error in aggregate definition", clean));
-    --aggregate_depth;
     aggregate->members = members.head;
     return clean;
 }
@@ -384,7 +370,6 @@ int readaggregate(Name *name)
         return 1;
     }
     Symbol *symbol = newsym(name, newtype(prefix->kind, nullptr));
-    symbol->type->in_aggregate = true;
     symbol->type->tag = intern(nametext(name).substr(prefix->text.size()));
     Token t;
     gettoken(t);

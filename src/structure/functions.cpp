@@ -51,7 +51,7 @@ void movetofront(InlineOrder &order, Symbol *function)
     std::vector<Symbol *> &candidates = order.named[function->name];
     if (candidates.back() == function)
         return;
-    candidates.erase(std::find(candidates.begin(), candidates.end(), function));
+    candidates.erase(std::next(std::find(candidates.rbegin(), candidates.rend(), function)).base());
     candidates.push_back(function);
 }
 
@@ -105,9 +105,9 @@ namespace {
 void outhead(const Symbol *function)
 {
     if (!no_inline && isinline(function))
-        outinline(function->name, function->type);
+        outmarkeddecl("@inline ", function->name, function->type);
     else if (function->flags & flag::weak)
-        outweak(function->name, function->flags, function->type);
+        outmarkeddecl("@weak ", function->name, function->type);
     else
         outdecl(function->name, function->type);
 }

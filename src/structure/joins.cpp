@@ -20,7 +20,9 @@
 #include "emit/emit.h"
 #include "frontend/frontend.h"
 
+#include <unordered_set>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -289,10 +291,62 @@ void phitarget(const Block *end, Block *start, const Expr *value)
     }
 }
 
-// Turns the phi's node, which all uses of the phi refer to, into the merged condition.
-void replacephi(Expr *tree, const Expr *condition)
+// ---- Cycles ----
+
+// Appends the operands of an expression.
+void addoperands(std::vector<const Expr *> &list, const Expr *expr)
 {
-    if (!condition)
+    if (expr->op == op::leaf && expr->leaf == leaf::aggregate)
+        for (const Expr *element = expr->list; element; element = element->next)
+            list.push_back(element);
+    if (expr->op == op::leaf)
+        return;
+    list.push_back(expr->left);
+    if (expr->op == op::conditional)
+        list.push_back(expr->middle);
+    if (expr->op != op::field)
+        list.push_back(expr->right);
+}
+
+// Whether `tree` is found from one of the expressions in `open`. All searches of a run visit so many nodes at most;
+// what takes more counts as found.
+bool reaches(std::vector<const Expr *> open, const Expr *tree)
+{
+    constexpr std::size_t largest_search = 10'000'000;
+    static std::size_t visited;
+    std::unordered_set<const Expr *> seen;
+    while (!open.empty()) {
+        const Expr *expr = open.back();
+        open.pop_back();
+        if (!expr || !seen.insert(expr).second)
+            continue;
+        if (expr == tree || ++visited > largest_search)
+            return true;
+        addoperands(open, expr);
+    }
+    return false;
+}
+
+// Whether the phi's node would become part of itself with these operands; it then stays without a value. That takes a
+// value from the phi's own block or from one after it, for this phi or an earlier one: no front end writes such joins.
+bool closescycle(const WalkState &state, Expr *tree, std::vector<const Expr *> operands)
+{
+    tree->cyclic = state.looked_ahead && reaches(std::move(operands), tree);
+    return tree->cyclic;
+}
+
+// Notes the block that the phi at hand takes a value from.
+Block *takefrom(WalkState &state, Block *block)
+{
+    if (block->position >= state.block->position)
+        state.looked_ahead = true;
+    return block;
+}
+
+// Turns the phi's node, which all uses of the phi refer to, into the merged condition.
+void replacephi(const WalkState &state, Expr *tree, const Expr *condition)
+{
+    if (!condition || closescycle(state, tree, {condition}))
         return;
     tree->op = condition->op;
     tree->leaf = condition->leaf;
@@ -306,7 +360,7 @@ void phichain(WalkState &state, Expr *tree)
 {
     if (!state.phiopen) {
         state.phiopen = true;
-        state.joinend = bprepare(state.joinstart, tree->right);
+        state.joinend = takefrom(state, bprepare(state.joinstart, tree->right));
     }
     phitarget(state.joinend, state.joinstart, tree->left);
     const Inst *next = state.inst->next;
@@ -314,25 +368,42 @@ void phichain(WalkState &state, Expr *tree)
         return;  // an inner stage: the chain goes on at the target of the jump
     state.phiopen = false;
     mergeconds(state.joinstart, state.joinend);
-    replacephi(tree, conditionof(state.joinend));
+    replacephi(state, tree, conditionof(state.joinend));
     state.joinstate = join::none;
     state.pending = nullptr;
+}
+
+// The value of a phi pair.
+Expr *pairvalue(WalkState &state, Expr *value)
+{
+    return resolve(state, value, takefrom(state, findblock(state.joinstart, value->label)));
+}
+
+// Closes the innermost conditional value and returns its condition.
+Expr *takecondition(WalkState &state)
+{
+    if (!state.savedconds.empty()) {
+        Expr *condition = conditionof(state.savedconds.back());
+        state.savedconds.pop_back();
+        return condition;
+    }
+    state.joinstate = join::none;
+    state.pending = nullptr;
+    return conditionof(state.joinstart);
 }
 
 // The end of a conditional value: the phi turns into a ?: in place.
 void phivalue(WalkState &state, Expr *tree)
 {
-    tree->right = resolve(state, tree->right, findblock(state.joinstart, tree->right->label));
-    tree->middle = resolve(state, tree->left, findblock(state.joinstart, tree->left->label));
-    tree->left = conditionof(state.joinstart);
-    tree->op = op::conditional;
-    if (!state.savedconds.empty()) {
-        tree->left = conditionof(state.savedconds.back());
-        state.savedconds.pop_back();
+    Expr *otherwise = pairvalue(state, tree->right);
+    Expr *value = pairvalue(state, tree->left);
+    Expr *condition = takecondition(state);
+    if (closescycle(state, tree, {condition, value, otherwise}))
         return;
-    }
-    state.joinstate = join::none;
-    state.pending = nullptr;
+    tree->op = op::conditional;
+    tree->left = condition;
+    tree->middle = value;
+    tree->right = otherwise;
 }
 
 // A loop of one block: it branches to the next block on true and to itself on false.
@@ -383,13 +454,19 @@ void philoop(WalkState &state, Expr *tree)
     last->op = inst::loop_close;
 }
 
+// Whether the tree of a phi still holds its pairs. The phi can be the last Inst of an empty block after it; preparing
+// that for another phi has overwritten the tree.
+bool holdspairs(const Expr *tree)
+{
+    return tree && tree->right && tree->right->label && tree->left && tree->left->label;
+}
+
 }  // namespace
 
 void handlephi(WalkState &state)
 {
     Expr *tree = state.inst->expr;
-    // The phi can be the last Inst of an empty block after it; preparing that for another phi has overwritten the tree.
-    if (!tree)
+    if (!holdspairs(tree))
         report("unexpected direct phi construct %s", state.block->label ? state.block->label->text : nullptr);
     else if (state.joinstate == join::none)
         philoop(state, tree);

@@ -45,6 +45,7 @@ struct WalkState {
     Block *joinstart = nullptr;       // where the open join began
     Block *joinend = nullptr;         // the last block of the open chain, prepared by the chain's first phi
     bool phiopen = false;             // joinend is prepared
+    bool looked_ahead = false;        // a phi has taken a value from its own block or from one after it
     std::vector<Block *> savedconds;  // blocks whose branches test inner conditional values, innermost last
     bool chain_indexed = false;       // the Insts are entered in the index of locals
     // for.inc blocks by the target of their branch; filled at the first `for`.

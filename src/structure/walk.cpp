@@ -71,15 +71,20 @@ void indexblocks(WalkState &state)
 
 Block *blockfrom(std::uint32_t position, const Name *label)
 {
-    const LocalName *local = label ? findlocal(label) : nullptr;
+    LocalName *local = label ? findlocal(label) : nullptr;
     if (!local)
         return nullptr;
-    const auto &blocks = local->blocks;
-    auto at = std::partition_point(blocks.begin(), blocks.end(),
-                                   [position](const Block *block) { return block->position < position; });
+    auto &blocks = local->blocks;
+    const auto first = std::partition_point(blocks.begin(), blocks.end(),
+                                            [position](const Block *block) { return block->position < position; });
+    auto at = first;
     while (at != blocks.end() && ((*at)->label != label || (*at)->removed))
         ++at;
-    return at == blocks.end() ? nullptr : *at;
+    Block *found = at == blocks.end() ? nullptr : *at;
+    // What is passed has no label any more: it is not looked at again.
+    blocks.erase(static_cast<std::size_t>(first - blocks.begin()), static_cast<std::size_t>(at - blocks.begin()),
+                 [](const Block *) { return true; });
+    return found;
 }
 
 Block *findblock(Block *start, const Name *label)

@@ -17,7 +17,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 struct Expectation {
-    std::string kind;      // "body", "section" or "file"
+    std::string kind;      // "body", "heads", "section" or "file"
     std::string argument;  // the section's or function's name
     Lines text;
 };
@@ -64,14 +64,21 @@ Lines take_text(Reader &reader)
     return text;
 }
 
-// Splits the IR from the errors that follow its lines; a line that holds only errors belongs to the one above.
+// Splits the IR at " | " into its lines, and from the errors that follow them. The errors belong to the last of the
+// lines; where there is none, to the line above.
 void take_ir(Case &made, const Lines &text)
 {
+    const std::string bar = " | ";
     const std::string mark = ";! ";
     for (const std::string &line : text) {
         size_t at = line.find(mark);
+        std::string code = line.substr(0, at);
+        for (size_t end = code.find(bar); end != std::string::npos; end = code.find(bar)) {
+            made.ir.push_back(code.substr(0, end));
+            code.erase(0, end + bar.size());
+        }
         if (at != 0)
-            made.ir.push_back(line.substr(0, at));
+            made.ir.push_back(code);
         while (at != std::string::npos) {
             const size_t start = at + mark.size();
             at = line.find(" " + mark, start);
@@ -86,7 +93,7 @@ Expectation take_expectation(Reader &reader)
 {
     Expectation made;
     std::istringstream(reader.lines[reader.at].substr(4)) >> made.kind >> made.argument;
-    if (made.kind != "body" && made.kind != "section" && made.kind != "file")
+    if (made.kind != "body" && made.kind != "heads" && made.kind != "section" && made.kind != "file")
         reject(reader, "unknown marker");
     reader.at++;
     made.text = take_text(reader);
@@ -169,6 +176,20 @@ Lines body_of(const Lines &output, const std::string &name)
     return body;
 }
 
+// The functions section without its bodies and empty lines.
+Lines heads_of(const Lines &output, const std::string & /*argument*/)
+{
+    Lines heads;
+    bool in_body = false;
+    for (const std::string &line : section_of(output, "functions")) {
+        in_body |= line == "\t{";
+        if (!in_body && !line.empty())
+            heads.push_back(line);
+        in_body &= line != "\t}";
+    }
+    return heads;
+}
+
 // "#error quarl a.ll:12 text" becomes "12: text". A message that ends in a newline of its own is followed by an
 // empty line, which is shown as \n at its end.
 Lines abbreviate(const std::string &err)
@@ -195,7 +216,7 @@ void compare(const std::string &what, const Lines &expected, const Lines &actual
 void check(const Expectation &expected, const Lines &output)
 {
     const bool file = expected.kind == "file";
-    const auto part_of = expected.kind == "body" ? body_of : section_of;
+    const auto part_of = expected.kind == "body" ? body_of : expected.kind == "heads" ? heads_of : section_of;
     compare(expected.kind + " " + expected.argument, expected.text, file ? output : part_of(output, expected.argument));
 }
 

@@ -1,4 +1,6 @@
 // The command line as a user meets it: the program is run, and what it writes and how it ends is compared.
+#include "base/base.h"
+#include "driver/options.h"
 #include "harness/harness.h"
 
 #include <filesystem>
@@ -139,16 +141,49 @@ TEST_F(Options, files_that_cannot_be_used)
     expect({"."}, 1, "#error quarl .:0 can't open .\n");
     expect({"-o", "none/a.c", "one.ll"}, 1, "#error quarl one.ll:3 can't create none/a.c\n");
     expect({"-o", "/dev/full", "one.ll"}, 1, "#error quarl one.ll:3 can't write /dev/full\n");
+    expect({"-o", "./one.ll", "one.ll"}, 1, "#error quarl one.ll:3 can't create ./one.ll\n");
+    EXPECT_EQ(harness::read_file(directory + "/one.ll"), module_text);
 }
 
 TEST_F(Options, a_source_names_the_output)
 {
     harness::write_file(directory + "/c.ll", "source_filename = \"some.c\"\n");
     expect({"c.ll"}, 1, "#error quarl c.ll:1 unexpected extension\n");
+    harness::write_file(directory + "/c.ll", "source_filename = \".cpp\"\n");
+    expect({"c.ll"}, 1, "#error quarl c.ll:1 unexpected extension\n");
     harness::write_file(directory + "/none.ll", "; nothing\n\n");
     expect({"none.ll"}, 1, "#error quarl none.ll:2 missing source file name\n");
     expect({"-o", "none.c", "none.ll"}, 0, "");
     EXPECT_EQ(harness::read_file(directory + "/none.c"), "// quarl V4.1.6\n\n\n\n\n");
+}
+
+// What the table of quarl's own options has no use for.
+TEST(option_engine, numbers_characters_lists_and_hidden_options)
+{
+    int number = 0;
+    int character = 0;
+    int plus = 0;
+    OptionWord words[2] = {};
+    OptionList list = {2, words};
+    const OptionPattern patterns[] = {{"n##", &number}, {"c?", &character}, {"+w", &plus}, {"<d#> hidden", &list}};
+    const auto parse = [&patterns](std::vector<const char *> arguments) {
+        int count = static_cast<int>(arguments.size());
+        char **values = const_cast<char **>(arguments.data());
+        getoptions(count, values, "Title", "file", patterns);
+        return std::string(count == 1 ? *values : "");
+    };
+    EXPECT_EQ(parse({"x", "-n", "-0x1F", "-c\xE9", "-d7", "-d010", "+w", "last"}), "last");
+    EXPECT_EQ(number, -31);
+    EXPECT_EQ(character, static_cast<signed char>('\xE9'));
+    EXPECT_EQ(plus, 1);
+    EXPECT_EQ(list.free_slots, 0U);
+    EXPECT_EQ(words[1].number, 7);
+    EXPECT_EQ(words[0].number, 8);
+    EXPECT_EXIT(parse({"x", "-d1", "y"}), testing::ExitedWithCode(1), "^argument list overflow\n$");
+    EXPECT_EXIT(parse({"x", "-n12z"}), testing::ExitedWithCode(1), "^invalid number: 12z\n$");
+    EXPECT_EXIT(parse({"x", "-help"}), testing::ExitedWithCode(1), "file\n    -n##\n    -c\\?\n    \\+w\n$");
+    setprogname("C:\\tools/BIN\\Quarl.new.exe");
+    EXPECT_STREQ(prog_name, "quarl");
 }
 
 // The pipe opens only when quarl reads from it, and by then it listens to the signal.

@@ -56,7 +56,7 @@ TEST(scanner, an_open_string_is_reported_and_ends_with_the_line)
 
 TEST(scanner, the_longest_operator_wins)
 {
-    EXPECT_EQ(scan("<<=<<%=%==>>>=#%a"), "<<= << %= %= = >> >= # % w:a");
+    EXPECT_EQ(scan("<<=<<%=%==>>>=#%a##"), "<<= << %= %= = >> >= # % w:a ##");
     EXPECT_EQ(scan("<{-x->#*\x80`\\"), "< { - w:x- > # * \x80 ` \\");
 }
 
@@ -87,6 +87,8 @@ TEST(scanner, strings_for_c)
     EXPECT_EQ(cstring("\"\\5C\\22\\0a\\0D\\09\\08\\0b\"", true), "\"\\\\\\\"\\n\\r\\t\\b\\v\"");
     EXPECT_EQ(cstring("\"\\5C000\"", true), "\"\\\\000\"");  // a backslash and three digits, no zero byte
     EXPECT_EQ(cstring("\"\\\\x\\q\"", true), "\"\\\\x\\q\"");
+    EXPECT_EQ(cstring("\"a\\00b\"", true), "\"a\\000b\"");
+    EXPECT_EQ(cstring("x\\00x", false), "x\\000x");
     EXPECT_EQ(cstring("dir\\5Ca\\00", false), "dir\\\\a\\000");
 }
 
