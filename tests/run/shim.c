@@ -19,3 +19,5 @@ __attribute__((weak)) void *_Znwj(unsigned size) { return malloc(size); }
 __attribute__((weak)) void _ZdlPv(void *object) { free(object); }
 void __cxa_pure_virtual(void) { abort(); }
 void llvm_trap(void) { abort(); }
+__attribute__((weak)) void *_Znaj(unsigned size) { return malloc(size); }
+__attribute__((weak)) void _ZdaPv(void *object) { free(object); }

@@ -37,7 +37,7 @@ int main()
     put("order", p > q), put("same", p == last), put("null", !p), *--*pp = 77, put("stepped", values[3]);
     put("q++", *q++), put("*q++", (*q)++), put("after", *q), put("-2", p[-2]);
     (*row)[2] = 6, row[1][3] = 7, matrix[0][1] = 8;
-    for (int *m = matrix[0]; m != &matrix[3][0]; m += 2) put("m", *m);
+    for (int *m = matrix[0]; m != &matrix[3][0]; m += 3) put("m", *m);
     char bytes[8] = "abc", *end = bytes;
     do *end += 1;
     while (*++end);

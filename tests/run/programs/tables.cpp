@@ -1,37 +1,139 @@
-// Tables that are longer than a line of IR may be, with addresses of what only they name.
+// Members that C would put elsewhere, statics of inline functions, tables of every kind.
 #include "print.h"
 
-#define A(n) n, (n)*3 + 1, (n)*5 + 2, (n)*7 + 3,
-#define B(n) A(n) A(n + 1) A(n + 2) A(n + 3) A(n + 4) A(n + 5) A(n + 6) A(n + 7)
-#define C(n) B(n) B(n + 8) B(n + 16) B(n + 24) B(n + 32) B(n + 40) B(n + 48) B(n + 56)
-#define ROW(n) {"n" #n, once, &numbers[n], (n) / 3.0f, {0, n}}, {"m" #n, twice, &local, -(n)*0.1f, {}},
-#define ROWS(n) ROW(n) ROW(n + 1) ROW(n + 2) ROW(n + 3) ROW(n + 4) ROW(n + 5) ROW(n + 6) ROW(n + 7)
-
-struct Row {
-    const char *name;
-    int (*call)(int);
-    const int *place;
-    float factor;
-    long long wide[2];
+struct __attribute__((packed)) Frame {
+    char kind;
+    int length;
+    short check;
+    double value;
+    struct {
+        char low;
+        int high;
+    } in;
+};
+struct Base {
+    int number;
+    char flag;
+};
+struct Derived : Base {
+    char more;
+};  // in C++ 12 bytes, with the C of a base 12 as well
+class Open {
+public:
+    virtual int get() { return number; }
+    int number = 5;
+    char flag = 'f';
+};
+class Tail : public Open {
+public:
+    char more = 'm';
+    int get() override { return more; }
+};  // in the tail of Open
+struct Left : virtual Base {
+    int left = 1;
+};
+struct Right : virtual Base {
+    char right = 'r';
+};
+struct Both : Left, Right {
+    char both = 'b';
+};
+struct Nothing {};
+struct Holder : Nothing {
+    Nothing none;
+    int value;
+};
+struct Zero {
+    int count;
+    int rows[0];
+    char end;
+};
+union Mixed {
+    char text[5];
+    int number;
+    double floating;
+};
+struct alignas(16) Aligned {
+    char c;
+};
+struct Bits {
+    unsigned a : 3;
+    int b : 17;
+    unsigned c : 20;
+    char d;
+    unsigned long long e : 40;
+    bool f : 1;
 };
 
-static int once(int n) { return n + 1; }
-int twice(int n) { return n * 2; }
-static const int numbers[] = {C(0) C(64) C(128) C(192) C(256) C(320) C(384) C(448)};
-static int local = 5;
-Row rows[] = {ROWS(0) ROWS(8) ROWS(16) ROWS(24) ROWS(32) ROWS(40){}};
-extern const unsigned char bytes[9000] = {1, 2, 3, 0, '"', '\\', '?', '?', '=', 255};
+Frame frames[2] = {{1, 100000, -3, 1.5, {7, 8}}, {2, -1, 3, -0.25, {9, 10}}};
+int *inside = &frames[1].length;
+Mixed mixed[3] = {{"abcd"}, {{'x'}}, {}};
+Bits bits = {5, -3, 999999, 'd', 0x123456789all, true};
+int sparse[100] = {1, 2, 3};
+const short cubes[40] = {0, 1, 8, 27};
+struct Row {
+    const char *name;
+    int values[3];
+    int (*call)(int);
+};
+static int twice(int n) { return n + n; }
+const Row table[] = {{}, {"two", {0, 2}, twice}, {"three", {}, 0}, {}};
+int Base::*member = &Base::number;
+int (Open::*method)() = &Open::get;
+extern Frame *last;
+Frame *last = frames + 2;
+inline int &counter()
+{
+    static int count = 40;
+    return count;
+}
+template <class T> struct Pool {
+    static T used;
+};
+template <class T> T Pool<T>::used = 3;
+
+static void show(Frame &frame)
+{
+    frame.length += 1;
+    frame.value *= 2;
+    frame.in.high--;
+    put("frame", frame.kind + frame.length + frame.check + (int)frame.value + frame.in.low + frame.in.high);
+}
 
 int main()
 {
-    int sum = 0;
-    for (unsigned i = 0; i < sizeof numbers / sizeof *numbers; i++) sum += numbers[i] * (i & 7);
-    put("numbers", sum);
-    for (const Row *row = rows; row->name; row++) {
-        sum += row->call(row->name[1]) + *row->place + (int)(row->factor * 4) + (int)row->wide[1];
-    }
-    put("rows", sum);
-    for (unsigned i = 0; i < sizeof bytes; i++) sum += bytes[i] * i;
-    put("bytes", sum);
-    return 0;
+    show(frames[0]);
+    show(frames[1]);
+    *inside = 7;
+    Frame copy = frames[1];
+    copy.check++;
+    put("copy", copy.length + copy.check + (int)sizeof(Frame) + (int)(last - frames));
+    Derived derived;
+    derived.number = 1, derived.flag = 2, derived.more = 3;
+    Base base = derived;
+    put("derived", base.number + base.flag + derived.more + (int)sizeof derived);
+    Tail tail, other = tail;
+    tail.more = 'n';
+    (Open &)tail = other;
+    Open *open = &tail;
+    put("tail", open->get() + (open->*method)() + open->flag + (int)sizeof tail);
+    Both both;
+    both.number = 9;
+    Left &left = both;
+    put("both", left.number + left.*member + both.right + both.both + (int)sizeof both);
+    Holder holder[2];
+    holder[0].value = 4, holder[1].value = 5;
+    Zero zero = {3, {}, 'z'};
+    put("holder", holder[1].value + (int)((char *)&holder[1] - (char *)&holder[0].none) + zero.end + (int)sizeof zero);
+    mixed[2].number = 0x01020304;
+    put("mixed", mixed[0].text[3] + mixed[1].text[0] + mixed[2].text[1] + (int)sizeof mixed);
+    Aligned aligned[2] = {{'a'}, {'b'}};
+    put("aligned", aligned[1].c + (int)sizeof aligned);
+    bits.b += 5, bits.c ^= 1, bits.e++, bits.f = !bits.f;
+    put("bits", bits.a + bits.b + (int)bits.c + bits.d + (int)(bits.e >> 8) + bits.f + (int)sizeof bits);
+    put("sparse", sparse[2] + sparse[99] + cubes[3] + cubes[39]);
+    for (const Row &row : table) put(row.name ? row.name : "none", row.values[1] + (row.call ? row.call(4) : 0));
+    counter() += 2, Pool<char>::used++;
+    put("shared", counter() + Pool<int>::used + Pool<char>::used);
+    return __builtin_isnan(__builtin_nan("")) ? 3 : 4;
 }
