@@ -219,7 +219,7 @@ void dropunread(Value *slot)
     if (!isplainslot(slot)) {
         return;
     }
-    while (hasuses(slot)) {
+    while (slot->uses != nullptr) {
         Value *store = slot->uses->user;
         Value *value = operand(store, 0);
         remove(store);

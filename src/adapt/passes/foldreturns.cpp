@@ -89,9 +89,9 @@ void forwardload(Value *load)
 }
 
 // Takes out a store to a variable that nothing reads until the return.
-void dropstore(const Value *end, const Slots &slots)
+void dropstore(const Block *block, const Slots &slots)
 {
-    Value *inst = end->prev;
+    Value *inst = block->last;
     for (std::size_t i = 0; i < most_between && inst != nullptr; ++i, inst = inst->prev) {
         const bool stores = inst->op == Op::store && !inst->is_volatile;
         const Value *address = inst->op == Op::load ? operand(inst, 0) : stores ? operand(inst, 1) : nullptr;
@@ -113,7 +113,7 @@ void forwardloads(const Block *block, const Slots &slots)
         }
         inst = before;
     }
-    dropstore(block->last, slots);
+    dropstore(block, slots);
 }
 
 // Gives each block that jumps here a copy.

@@ -95,7 +95,7 @@ void widenoperands(Value *inst)
 Value *putsigned(Value *place, Value *value, std::uint32_t bits)
 {
     const std::uint32_t width = value->type->bits;
-    if (bits == width) {
+    if (bits == width || bits == 0) {
         return value;
     }
     Module &module = moduleof(place);
