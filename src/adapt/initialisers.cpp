@@ -81,7 +81,11 @@ void putconstant(Image &image, std::size_t offset, const Type *type, const Value
         Address address;
         image.known = image.known && type->kind <= TypeKind::pointer && findaddress(image.module, value, address) &&
                       address.global == nullptr && size <= 8;
-        putnumber(image, offset, size, static_cast<std::uint64_t>(address.offset));
+        auto number = static_cast<std::uint64_t>(address.offset);
+        if (type->kind == TypeKind::integer && type->bits < 64) {
+            number &= (std::uint64_t{1} << type->bits) - 1;
+        }
+        putnumber(image, offset, size, number);
         return;
     }
     }
