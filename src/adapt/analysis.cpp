@@ -171,6 +171,13 @@ Node *outermost(Node *node)
     return top;
 }
 
+// A label of the source: what leads back to it was a goto there, and stays one.
+bool issourcelabel(const Node *node)
+{
+    return node->block != nullptr && !node->block->name.empty() &&
+           node->block->name.find('.') == std::string_view::npos && node->order != 0;
+}
+
 // Inner loops come first, so that each is one node for the next.
 void findloops(const std::vector<Node *> &order)
 {
@@ -178,7 +185,7 @@ void findloops(const std::vector<Node *> &order)
         Node *header = order[place];
         std::vector<Node *> work;
         for (Node *pred : header->preds) {
-            if (dominates(header, pred)) {
+            if (dominates(header, pred) && !issourcelabel(header)) {
                 header->is_header = true;
                 work.push_back(pred);
             }

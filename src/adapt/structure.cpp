@@ -261,6 +261,8 @@ struct Ending {
     bool by_condition;  // the header tests, and leaves to the end
 };
 
+constexpr std::string_view for_cleanup = "for.cond.cleanup";  // what a for destroys when it ends
+
 constexpr Ending endings[] = {
     {labels::for_cond, labels::for_end, true},
     {labels::while_cond, labels::while_end, true},
@@ -275,7 +277,7 @@ Node *choosefollow(const Loop &loop, const std::vector<Node *> &exits, const Sco
         if (!begins(loop.header, ending.head)) {
             continue;
         }
-        if (by_header != nullptr && ending.by_condition && (begins(by_header, ending.end) || loop.header->statements.empty())) {
+        if (by_header != nullptr && ending.by_condition && (begins(by_header, ending.end) || begins(by_header, for_cleanup))) {
             return contains(exits, by_header) ? by_header : nullptr;
         }
         Node *by_latch = exitofbranch(loop.latch, loop.header);

@@ -203,7 +203,9 @@ void checkwords(Module &module, const Global &global)
     if (global.linkage == Linkage::extern_weak) {
         warn(module, &global, "weak declaration: C takes it as defined");
     }
-    if (global.initialiser != nullptr && global.kind == GlobalKind::variable && namesshared(global.initialiser, 0)) {
+    const bool table = global.name.starts_with("llvm.");  // keeps this file's own one
+    if (global.initialiser != nullptr && global.kind == GlobalKind::variable && !table &&
+        namesshared(global.initialiser, 0)) {
         refuse(module, &global, "address of a variable that other files may define as well, in an initialiser");
     }
 }

@@ -16,7 +16,7 @@ static long long power(long long n, int e) { return e == 0 ? 1 : e & 1 ? n * pow
 int main(void)
 {
     a[1] = x, a[0] = a[1] - 7, put64("a", a[0]), put64("a", a[1]), put("truth", truth(1 == 1) + truth(x > 7)), put("narrowed", narrowed(513) + narrowed(-2));
-    putd("minus", (double)minus), putd("u", (double)u), putd("x", (float)x * 0.5f), put64("from", (long long)-3e12), put64("from", (long long)2.9f);
+    putd("minus", (double)minus), putd("u", (double)u), putd("x", (double)x * 0.5), put64("from", (long long)-3e12), put64("from", (long long)2.9f);
     for (int i = -3; i < 4; i += 2) {
         put64("mixed", mixed(i * 1000000007LL, i, (unsigned char)(i + 250))), put("compare", compare(i + 2, (unsigned long long)i));
         put64("and", (long long)u & i), put64("or", x | (long long)i << 40), put64("not", ~(x ^ i)), put64("shift", (long long)(u >> (i + 3)));
