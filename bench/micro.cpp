@@ -1,5 +1,5 @@
 // Micro-benchmarks of the three loops that every run spends its time in: the scanner, the interning of names and the
-// printing of expressions. bench/run measures the whole program; this tells a change in one of them from the noise.
+// printing of expressions. bench/run measures the whole program; this shows a change in one of them above the noise.
 #include "base/base.h"
 #include "emit/emit.h"
 #include "model/model.h"
@@ -43,7 +43,7 @@ void scan_lines(benchmark::State &state)
 }
 BENCHMARK(scan_lines);
 
-// As many names as the argument says, each of which is already known.
+// The argument is the number of names, each of which is already known.
 void intern_known(benchmark::State &state)
 {
     std::vector<std::string> names;
@@ -66,7 +66,7 @@ Expr *newname(const char *text, Type *type)
     return name;
 }
 
-// table[i] = (i + 1) * 2 + ... with as many operators as the argument says.
+// table[i] = (i + 1) * 2 + ... with the argument as the number of operators.
 Expr *newassignment(std::int64_t operators)
 {
     Type *type = newtype(kind::int16, nullptr);

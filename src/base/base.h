@@ -87,8 +87,8 @@ const char *keeptext(std::string_view text);
 // From here on an interrupt ends the run where it next looks for one, and a second interrupt ends it at once.
 void installinterrupthandler();
 
-// If there was an interrupt: closes the output and ends the process through its normal exit, which writes what stands
-// in buffers. The status is status::interrupted.
+// If there was an interrupt: closes the output and ends the process through its normal exit, which flushes the
+// buffers. The status is status::interrupted.
 void leaveifinterrupted();
 
 // ---- Output (output.cpp) ----------------------------------------------------------------------------------------

@@ -16,7 +16,7 @@ char *text_next;        // first free byte of the newest chunk of poolalloc()
 std::size_t text_left;  // free bytes from there on
 void *text_chunks;      // its chunks, newest first, chained by their first word
 
-constexpr std::size_t largest_pool = pool::unit << 32U;  // as much as places can tell apart
+constexpr std::size_t largest_pool = pool::unit << 32U;  // as much as places can address
 
 [[noreturn]] void outofmemory()
 {
