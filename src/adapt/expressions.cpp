@@ -846,6 +846,7 @@ Operand printchoice(BodyPrinter &printer, const Expr *expr)
         result.is_unsigned = (yes.is_unsigned && no.is_unsigned) || (result.type_unsigned && result.bits == bits);
     }
     result.is_flag = false;
+    result.is_assigned = yes.is_assigned;
     return result;
 }
 
