@@ -2,7 +2,8 @@
 //
 //     === its name
 //     --- c           the source, or c++
-//     --- body        the lines between the outermost braces, one tab to the left
+//     --- body        the lines between the outermost braces, one tab to the left, or
+//     --- errors      what is said where nothing is written
 //
 // Expectations are what the source means in the style of quarl.
 #include "harness/harness.h"
@@ -15,7 +16,7 @@
 namespace {
 
 struct ShapeCase {
-    std::string name, extension, source, body;
+    std::string name, extension, source, body, errors;
 };
 
 std::vector<ShapeCase> read_cases()
@@ -24,13 +25,15 @@ std::vector<ShapeCase> read_cases()
     std::string *part = nullptr;
     for (const std::string &line : harness::split_lines(harness::read_file(SHAPE_CASES))) {
         if (line.starts_with("=== ")) {
-            cases.push_back({line.substr(4), {}, {}, {}});
+            cases.push_back({line.substr(4), {}, {}, {}, {}});
             part = nullptr;
         } else if (line == "--- c" || line == "--- c++") {
             cases.back().extension = line == "--- c" ? ".c" : ".cpp";
             part = &cases.back().source;
         } else if (line == "--- body") {
             part = &cases.back().body;
+        } else if (line == "--- errors") {
+            part = &cases.back().errors;
         } else if (part != nullptr && !line.empty()) {
             *part += line + "\n";
         }
@@ -64,7 +67,8 @@ void check(const ShapeCase &made)
         harness::run(BRIDGE, {"-o", "out.c", "--", "--target=msp430", "-w", "-g", "a" + made.extension}, directory);
     const std::string body = last_body(harness::read_file(directory + "/out.c"));
     harness::remove_directory(directory);
-    EXPECT_EQ(result.status, 0) << harness::describe(result);
+    EXPECT_EQ(result.status, made.errors.empty() ? 0 : 1) << harness::describe(result);
+    EXPECT_EQ(made.errors, made.errors.empty() ? std::string() : result.err);
     EXPECT_EQ(made.body, body);
 }
 
