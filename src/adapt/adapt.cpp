@@ -34,6 +34,7 @@ constexpr Pass passes[] = {
     {"lowermemory", lowermemory},            // string.h isn't needed where the module declares what it has
     {"threadcleanups", threadcleanups},      // ways out of a scope don't meet in a switch, up to a size
     {"foldreturns", foldreturns},            // a return stands where it is jumped from
+    {"dropdead", dropdead},                  // every value without an effect has a use
     {"hoistallocas", hoistallocas},          // all variables at the start of the entry block
 };
 

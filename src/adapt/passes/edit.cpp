@@ -185,8 +185,8 @@ void dropunused(Value *value)
         work.pop_back();
         const bool pure =
             inst->kind == ValueKind::instruction && !inst->removed && !inst->is_volatile &&
-            (inst->op == Op::getelementptr || inst->op == Op::load || (inst->op >= Op::shl && inst->op <= Op::xor_) ||
-             (inst->op >= Op::trunc && inst->op <= Op::addrspacecast));
+            (inst->op == Op::getelementptr || inst->op == Op::load || (inst->op >= Op::add && inst->op <= Op::fneg) ||
+             (inst->op >= Op::trunc && inst->op <= Op::select));
         if (!pure || hasuses(inst)) {
             continue;
         }

@@ -115,6 +115,8 @@ void lowerfloats(Function &function);
 void threadcleanups(Function &function);
 // The shared return becomes one in each place that jumps to it.
 void foldreturns(Function &function);
+// Values that nothing uses go.
+void dropdead(Function &function);
 // Variables go to the start of the entry block.
 void hoistallocas(Function &function);
 
