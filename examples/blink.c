@@ -17,6 +17,16 @@ struct Relay {
 	char f3;
 	};
 
+struct unnamed_1 {
+	char *f0[4];
+	};
+
+struct unnamed_2 {
+	long f0;
+	void (*f1)(void);
+	char *f2;
+	};
+
 struct Led {
 	struct Output f0;
 	};
@@ -24,26 +34,26 @@ struct Led {
 
 /*	externs definitions
  */
+extern void wait_for_tick(void);	//count=2
+extern void __cxa_pure_virtual(void);	//count=1
 static void __cxx_global_var_init(void);	//count=2
+void _ZN6Output13register_selfEv(struct Output *);	//count=2
+void _ZN6OutputC2Ei(struct Output *, int );	//count=4
 void _ZN3LedC2Ei(struct Led *, int );	//count=4
 static void __cxx_global_var_init_1(void);	//count=2
 static void __cxx_global_var_init_2(void);	//count=2
 void _ZN5RelayC2Eii(struct Relay *, int , int );	//count=2
-extern void wait_for_tick(void);	//count=2
 void _ZN6Output4tickEv(struct Output *);	//count=2
 int _ZNK6Output8switchesEv(struct Output *);	//count=2
-void _ZN6OutputC2Ei(struct Output *, int );	//count=3
-void _ZN3Led5writeEb(struct Led *, char );	//count=1
-char _ZNK3Led5stateEv(struct Led *);	//count=1
-void _ZN6Output13register_selfEv(struct Output *);	//count=2
-extern void __cxa_pure_virtual(void);	//count=1
 void _ZN4port3PinIL_ZNS_5out_aEELi3EE3setEv(void);	//count=2
 void _ZN4port3PinIL_ZNS_5out_aEELi3EE5clearEv(void);	//count=2
+void _ZN3Led5writeEb(struct Led *, char );	//count=1
 char _ZN4port3PinIL_ZNS_5out_aEELi3EE4readEv(void);	//count=2
-void _ZN5Relay5writeEb(struct Relay *, char );	//count=1
-char _ZNK5Relay5stateEv(struct Relay *);	//count=1
+char _ZNK3Led5stateEv(struct Led *);	//count=1
 void _ZN4port3PinIL_ZNS_5out_bEELi0EE3setEv(void);	//count=2
 void _ZN4port3PinIL_ZNS_5out_bEELi0EE5clearEv(void);	//count=2
+void _ZN5Relay5writeEb(struct Relay *, char );	//count=1
+char _ZNK5Relay5stateEv(struct Relay *);	//count=1
 static void _GLOBAL__sub_I_blink_cpp(void);	//count=1
 
 /*	variables definitions
@@ -55,17 +65,14 @@ int _ZN6Output5countE = 0;	// count=5
 static struct Led _ZL6status;	// count=1
 static struct Led _ZL5alarm;	// count=1
 static struct Relay _ZL4pump;	// count=1
-struct _ustr0_ {char *f0[4]; };
-static struct _ustr0_ _ZTV3Led;
-struct _ustr1_ {char *f0[4]; };
-static struct _ustr1_ _ZTV6Output;
-struct _ustr2_ {char *f0[4]; };
-static struct _ustr2_ _ZTV5Relay;
-static const struct _ustr0_ _ZTV3Led = {{0, 0, (char *)(&_ZN3Led5writeEb), (char *)(&_ZNK3Led5stateEv)}};	// count=1
-static const struct _ustr1_ _ZTV6Output = {{0, 0, (char *)(&__cxa_pure_virtual), (char *)(&__cxa_pure_virtual)}};	// count=1
-static const struct _ustr2_ _ZTV5Relay = {{0, 0, (char *)(&_ZN5Relay5writeEb), (char *)(&_ZNK5Relay5stateEv)}};	// count=1
+static struct unnamed_1 _ZTV3Led;
+static struct unnamed_1 _ZTV6Output;
+static struct unnamed_1 _ZTV5Relay;
+static const struct unnamed_1 _ZTV3Led = {{0, 0, (char *)(&_ZN3Led5writeEb), (char *)(&_ZNK3Led5stateEv)}};	// count=1
+static const struct unnamed_1 _ZTV6Output = {{0, 0, (char *)(&__cxa_pure_virtual), (char *)(&__cxa_pure_virtual)}};	// count=1
+static const struct unnamed_1 _ZTV5Relay = {{0, 0, (char *)(&_ZN5Relay5writeEb), (char *)(&_ZNK5Relay5stateEv)}};	// count=1
 #pragma section const {_construct_}
-static const struct _us0_ { long f0; void (*f1)(void); char *f2; } llvm_global_ctors[1] = {{65535, &_GLOBAL__sub_I_blink_cpp, 0}};	// count=0
+static const struct unnamed_2 llvm_global_ctors[1] = {{65535, &_GLOBAL__sub_I_blink_cpp, 0}};	// count=0
 #pragma section const {}
 
 /*	functions definitions
@@ -110,14 +117,16 @@ void @inline _ZN5RelayC2Eii(struct Relay *this, int on_ticks, int hold)
 
 void @inline _ZN6Output4tickEv(struct Output *this)
 	{
+	char lnot;
+
 	if ((this->f2 = (this->f2) - 1) > 0)
 		{
 		return;
 		}
 	this->f2 = this->f1;
 	this->f3 = (this->f3) + 1;
-	(**((void (***)(struct Output *, char ))this))(this, (((*((char (***)(struct Output *))this))[1])(this)) ^ 1);
-_return_:
+	lnot = (((*((char (***)(struct Output *))this))[1])(this)) == 0;
+	(**((void (***)(struct Output *, char ))this))(this, lnot);
 	return;
 	}
 
@@ -225,6 +234,7 @@ void _ZN5Relay5writeEb(struct Relay *this, char wanted)
 	if (wanted && (this->f1) > 0)
 		{
 		this->f1 = (this->f1) - 1;
+		return;
 		}
 	this->f2 = wanted;
 	if (this->f2)
@@ -251,5 +261,5 @@ static void _GLOBAL__sub_I_blink_cpp(void)
 	__cxx_global_var_init_2();
 	return;
 	}
-// calls: __cxx_global_var_init, __cxx_global_var_init.1, __cxx_global_var_init.2, 
+// calls: __cxx_global_var_init, __cxx_global_var_init_1, __cxx_global_var_init_2, 
 

@@ -19,6 +19,12 @@ struct Limits {
 	int high;
 	};
 
+struct unnamed_1 {
+	long f0;
+	void (*f1)(void);
+	char *f2;
+	};
+
 struct Controller {
 	struct Gains gains;
 	struct Limits limits;
@@ -29,25 +35,25 @@ struct Controller {
 
 /*	externs definitions
  */
+extern int read_temperature(void);	//count=2
+extern void set_heater(int );	//count=3
 static void __cxx_global_var_init(void);	//count=2
 void _ZN5FixedC2Ei(struct Fixed *, int );	//count=13
+void _ZN5FixedC2Ev(struct Fixed *);	//count=2
 void _ZN5Fixed8from_rawEl(struct Fixed *, long );	//count=8
 static void __cxx_global_var_init_1(void);	//count=2
 void _ZN10ControllerC2ERK5GainsRK6Limits(struct Controller *, struct Gains *, struct Limits *);	//count=2
-extern int read_temperature(void);	//count=2
 void _ZN10Controller5resetEv(struct Controller *);	//count=2
-extern void set_heater(int );	//count=2
-int _ZN10Controller4stepEii(struct Controller *, int , int );	//count=2
-void _ZN5FixedC2Ev(struct Fixed *);	//count=2
-void _ZNK5FixedmiERKS_(struct Fixed *, struct Fixed *, struct Fixed *);	//count=2
-void _ZNK5FixedmlERKS_(struct Fixed *, struct Fixed *, struct Fixed *);	//count=2
+void _ZNK5FixedmiERKS_(struct Fixed *, struct Fixed *, struct Fixed *);	//count=3
+void _ZNK5FixedmlERKS_(struct Fixed *, struct Fixed *, struct Fixed *);	//count=4
 struct Fixed *_ZN5FixedpLERKS_(struct Fixed *, struct Fixed *);	//count=2
-void _Z5clampI5FixedET_RKS1_S3_S3_(struct Fixed *, struct Fixed *, struct Fixed *, struct Fixed *);	//count=2
-void _ZNK5FixedplERKS_(struct Fixed *, struct Fixed *, struct Fixed *);	//count=2
-int _Z5clampIiET_RKS0_S2_S2_(int *, int *, int *);	//count=2
-int _ZNK5Fixed5wholeEv(struct Fixed *);	//count=2
 char _ZNK5FixedltERKS_(struct Fixed *, struct Fixed *);	//count=2
 char _ZNK5FixedgtERKS_(struct Fixed *, struct Fixed *);	//count=2
+void _Z5clampI5FixedET_RKS1_S3_S3_(struct Fixed *, struct Fixed *, struct Fixed *, struct Fixed *);	//count=2
+void _ZNK5FixedplERKS_(struct Fixed *, struct Fixed *, struct Fixed *);	//count=3
+int _ZNK5Fixed5wholeEv(struct Fixed *);	//count=2
+int _Z5clampIiET_RKS0_S2_S2_(int *, int *, int *);	//count=2
+int _ZN10Controller4stepEii(struct Controller *, int , int );	//count=2
 static void _GLOBAL__sub_I_control_cpp(void);	//count=1
 
 /*	variables definitions
@@ -56,7 +62,7 @@ static struct Gains _ZL12heater_gains;	// count=4
 static struct Controller _ZL6heater;	// count=3
 static const struct Limits _ZL13heater_limits = {0, 100};	// count=1
 #pragma section const {_construct_}
-static const struct _us0_ { long f0; void (*f1)(void); char *f2; } llvm_global_ctors[1] = {{65535, &_GLOBAL__sub_I_control_cpp, 0}};	// count=0
+static const struct unnamed_1 llvm_global_ctors[1] = {{65535, &_GLOBAL__sub_I_control_cpp, 0}};	// count=0
 #pragma section const {}
 
 /*	functions definitions
@@ -83,13 +89,13 @@ void @inline _ZN5Fixed8from_rawEl(struct Fixed *agg_result, long bits)
 
 void @inline _ZN10ControllerC2ERK5GainsRK6Limits(struct Controller *this, struct Gains *wanted, struct Limits *range)
 	{
-	memcpy((char *)(&this->gains), (char *)wanted, 12);
-	memcpy((char *)(&this->limits), (char *)range, 4);
+	this->gains = *wanted;
+	this->limits = *range;
 	_ZN5FixedC2Ei(&this->sum, 0);
 	_ZN5FixedC2Ei(&this->last, 0);
 	return;
 	}
-// calls: memcpy, _ZN5FixedC2Ei, 
+// calls: _ZN5FixedC2Ei, 
 
 void @inline _ZN10Controller5resetEv(struct Controller *this)
 	{
@@ -97,12 +103,12 @@ void @inline _ZN10Controller5resetEv(struct Controller *this)
 	struct Fixed ref_tmp2;
 
 	_ZN5FixedC2Ei(&ref_tmp, 0);
-	memcpy((char *)(&this->sum), (char *)(&ref_tmp), 4);
+	this->sum = ref_tmp;
 	_ZN5FixedC2Ei(&ref_tmp2, 0);
-	memcpy((char *)(&this->last), (char *)(&ref_tmp2), 4);
+	this->last = ref_tmp2;
 	return;
 	}
-// calls: _ZN5FixedC2Ei, memcpy, 
+// calls: _ZN5FixedC2Ei, 
 
 void @inline _ZNK5FixedmiERKS_(struct Fixed *agg_result, struct Fixed *this, struct Fixed *other)
 	{
@@ -138,19 +144,18 @@ void @inline _Z5clampI5FixedET_RKS1_S3_S3_(struct Fixed *agg_result, struct Fixe
 	{
 	if (_ZNK5FixedltERKS_(value, low))
 		{
-		memcpy((char *)agg_result, (char *)low, 4);
+		*agg_result = *low;
 		return;
 		}
 	if (_ZNK5FixedgtERKS_(value, high))
 		{
-		memcpy((char *)agg_result, (char *)high, 4);
+		*agg_result = *high;
 		return;
 		}
-	memcpy((char *)agg_result, (char *)value, 4);
-_return_:
+	*agg_result = *value;
 	return;
 	}
-// calls: _ZNK5FixedltERKS_, memcpy, _ZNK5FixedgtERKS_, 
+// calls: _ZNK5FixedltERKS_, _ZNK5FixedgtERKS_, 
 
 void @inline _ZNK5FixedplERKS_(struct Fixed *agg_result, struct Fixed *this, struct Fixed *other)
 	{
@@ -166,21 +171,15 @@ int @inline _ZNK5Fixed5wholeEv(struct Fixed *this)
 
 int @inline _Z5clampIiET_RKS0_S2_S2_(int *value, int *low, int *high)
 	{
-	int retval;
-
 	if ((*value) < (*low))
 		{
-		retval = *low;
-		return retval;
+		return *low;
 		}
 	if ((*value) > (*high))
 		{
-		retval = *high;
-		return retval;
+		return *high;
 		}
-	retval = *value;
-_return_:
-	return retval;
+	return *value;
 	}
 
 int @inline _ZN10Controller4stepEii(struct Controller *this, int target, int measured)
@@ -207,9 +206,9 @@ int @inline _ZN10Controller4stepEii(struct Controller *this, int target, int mea
 	_ZN5FixedC2Ei(&ref_tmp6, this->limits.low);
 	_ZN5FixedC2Ei(&ref_tmp7, this->limits.high);
 	_Z5clampI5FixedET_RKS1_S3_S3_(&ref_tmp4, &this->sum, &ref_tmp6, &ref_tmp7);
-	memcpy((char *)(&this->sum), (char *)(&ref_tmp4), 4);
+	this->sum = ref_tmp4;
 	_ZNK5FixedmiERKS_(&change, &error, &this->last);
-	memcpy((char *)(&this->last), (char *)(&error), 4);
+	this->last = error;
 	_ZNK5FixedmlERKS_(&ref_tmp12, &error, &this->gains.proportional);
 	_ZNK5FixedplERKS_(&ref_tmp11, &ref_tmp12, &this->sum);
 	_ZNK5FixedmlERKS_(&ref_tmp15, &change, &this->gains.derivative);
@@ -217,7 +216,7 @@ int @inline _ZN10Controller4stepEii(struct Controller *this, int target, int mea
 	ref_tmp17 = _ZNK5Fixed5wholeEv(&drive);
 	return _Z5clampIiET_RKS0_S2_S2_(&ref_tmp17, &this->limits.low, &this->limits.high);
 	}
-// calls: _ZN5FixedC2Ei, _ZNK5FixedmiERKS_, _ZNK5FixedmlERKS_, _ZN5FixedpLERKS_, _Z5clampI5FixedET_RKS1_S3_S3_, memcpy, _ZNK5FixedplERKS_, _ZNK5Fixed5wholeEv, _Z5clampIiET_RKS0_S2_S2_, 
+// calls: _ZN5FixedC2Ei, _ZNK5FixedmiERKS_, _ZNK5FixedmlERKS_, _ZN5FixedpLERKS_, _Z5clampI5FixedET_RKS1_S3_S3_, _ZNK5FixedplERKS_, _ZNK5Fixed5wholeEv, _Z5clampIiET_RKS0_S2_S2_, 
 
 static void __cxx_global_var_init(void)
 	{
@@ -247,7 +246,6 @@ void control(int target)
 		return;
 		}
 	set_heater(_ZN10Controller4stepEii(&_ZL6heater, target, measured));
-_return_:
 	return;
 	}
 // calls: read_temperature, _ZN10Controller5resetEv, set_heater, _ZN10Controller4stepEii, 
@@ -258,5 +256,5 @@ static void _GLOBAL__sub_I_control_cpp(void)
 	__cxx_global_var_init_1();
 	return;
 	}
-// calls: __cxx_global_var_init, __cxx_global_var_init.1, 
+// calls: __cxx_global_var_init, __cxx_global_var_init_1, 
 

@@ -4,6 +4,40 @@
 
 /*	structures definitions
  */
+struct unnamed_3 {
+	char f0;
+	char f1;
+	char f2;
+	char f3;
+	char f4[8];
+	};
+
+struct unnamed_2 {
+	char f0;
+	char f1;
+	struct unnamed_3 f2;
+	int f3;
+	};
+
+struct unnamed_5 {
+	char f0;
+	char f1;
+	char f2;
+	char f3[9];
+	};
+
+struct unnamed_4 {
+	char f0;
+	char f1;
+	struct unnamed_5 f2;
+	int f3;
+	};
+
+struct unnamed_1 {
+	struct unnamed_2 f0;
+	struct unnamed_4 f1;
+	};
+
 struct Frame {
 	char f0;
 	char f1;
@@ -22,7 +56,7 @@ static int _ZL5check5Frame(struct Frame *);	//count=2
 /*	variables definitions
  */
 static const int _ZN3crcL5stepsE[16] = {0, 4129, 8258, 12387, 16516, 20645, 24774, 28903, -32504, -28375, -24246, -20117, -15988, -11859, -7730, -3601};	// count=2
-static const struct _us0_ { struct _us1_ { char f0; char f1; struct _us2_ { char f0; char f1; char f2; char f3; char f4[8]; } f2; int f3; } f0; struct _us3_ { char f0; char f1; struct _us4_ { char f0; char f1; char f2; char f3[9]; } f2; int f3; } f1; } _ZL7samples = {{1, 4, {112, 105, 110, 103}, 0}, {2, 3, {1, 2, 3}, -21075}};	// count=3
+static const struct unnamed_1 _ZL7samples = {{1, 4, {112, 105, 110, 103}, 0}, {2, 3, {1, 2, 3}, -21075}};	// count=3
 
 /*	functions definitions
  */
@@ -101,7 +135,7 @@ int count_good(void)
 	for (__end1 = ((struct Frame (*)[2])(&_ZL7samples))[1]; __begin1 != __end1; __begin1 = __begin1 + 1)
 		{
 		sample = __begin1;
-		memcpy((char *)(&agg_tmp), (char *)sample, 16);
+		agg_tmp = *sample;
 		if ((_ZL5check5Frame(&agg_tmp)) == 0)
 			{
 			count = count + 1;
@@ -109,28 +143,27 @@ int count_good(void)
 		}
 	return count;
 	}
-// calls: memcpy, _ZL5check5Frame, 
+// calls: _ZL5check5Frame, 
 
 static int _ZL5check5Frame(struct Frame *frame)
 	{
-	char tmp;
-	int retval;
+	int call;
 
 	if (((unsigned int )(char )frame->f1) > ((unsigned int )12))
 		{
-		retval = 1;
-		return retval;
+		return 1;
 		}
-	tmp = (_ZN3crc2ofEPKhi(frame->f2, (char )frame->f1)) == (frame->f3);
-	retval = tmp ? 0 : 2;
-_return_:
-	return retval;
+	call = _ZN3crc2ofEPKhi(frame->f2, (char )frame->f1);
+	return (call == (frame->f3)) ? 0 : 2;
 	}
 // calls: _ZN3crc2ofEPKhi, 
 
 char tables_agree(char *data, int length)
 	{
-	return (_ZN3crc2ofEPKhi(data, length)) == (_ZN3crc4slowEPKhi(data, length));
+	int call;
+
+	call = _ZN3crc2ofEPKhi(data, length);
+	return call == (_ZN3crc4slowEPKhi(data, length));
 	}
 // calls: _ZN3crc2ofEPKhi, _ZN3crc4slowEPKhi, 
 

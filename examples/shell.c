@@ -23,33 +23,33 @@ struct shell__Command {
 
 /*	externs definitions
  */
+extern void put_char(char );	//count=9
 void _ZN5shell6ParserC2EPKc(struct shell__Parser *, char *);	//count=2
+void _ZN5shell6Parser4skipEv(struct shell__Parser *);	//count=4
 void _ZN5shell6Parser4wordEPci(struct shell__Parser *, char *, int );	//count=6
 static char _ZN5shellL4sameEPKcS1_(char *, char *);	//count=4
-void _ZN5shell6Parser4skipEv(struct shell__Parser *);	//count=4
 static char _ZN5shellL9is_letterEc(signed char );	//count=2
 static char _ZN5shellL8is_digitEc(signed char );	//count=6
 static void _ZN5shellL8do_printERNS_6ParserE(struct shell__Parser *);	//count=1
 static void _ZN5shellL6do_letERNS_6ParserE(struct shell__Parser *);	//count=1
 static void _ZN5shellL7do_listERNS_6ParserE(struct shell__Parser *);	//count=1
-long _ZN5shell6Parser10expressionEv(struct shell__Parser *);	//count=5
+char _ZN5shell6Parser6acceptEc(struct shell__Parser *, signed char );	//count=12
+long _ZN5shell6Parser6numberEv(struct shell__Parser *);	//count=2
+long _ZN5shell6Parser6factorEv(struct shell__Parser *);	//count=6
+long _ZN5shell6Parser4termEv(struct shell__Parser *);	//count=4
+long _ZN5shell6Parser10expressionEv(struct shell__Parser *);	//count=4
 char _ZNK5shell6Parser2okEv(struct shell__Parser *);	//count=3
 static void _ZN5shellL5printEl(long );	//count=4
 static void _ZN5shellL5printEPKc(char *);	//count=4
-extern void put_char(char );	//count=5
-long _ZN5shell6Parser4termEv(struct shell__Parser *);	//count=2
-char _ZN5shell6Parser6acceptEc(struct shell__Parser *, signed char );	//count=8
-long _ZN5shell6Parser6factorEv(struct shell__Parser *);	//count=3
-long _ZN5shell6Parser6numberEv(struct shell__Parser *);	//count=2
 static struct shell__Variable *_ZN5shellL4findEPKc(char *);	//count=3
 static struct shell__Variable *_ZN5shellL4makeEPKc(char *);	//count=2
 
 /*	variables definitions
  */
-struct shell__Command _ZN5shellL8commandsE[3];
 static const char _str[6] = {"print"};	// count=1
 static const char _str_1[4] = {"let"};	// count=1
 static const char _str_2[5] = {"list"};	// count=1
+struct shell__Command _ZN5shellL8commandsE[3];
 static const char _str_3[6] = {"error"};	// count=1
 static struct shell__Variable *_ZN5shellL9variablesE;	// count=4
 static const char _str_4[6] = {"no =\n"};	// count=1
@@ -82,7 +82,7 @@ void @inline _ZN5shell6Parser4wordEPci(struct shell__Parser *this, char *into, i
 
 	_ZN5shell6Parser4skipEv(this);
 	length = 0;
-	while ((_ZN5shellL9is_letterEc(*(this->f0))) || ((char )_ZN5shellL8is_digitEc(*(this->f0))))
+	while ((_ZN5shellL9is_letterEc(*(this->f0))) || (_ZN5shellL8is_digitEc(*(this->f0))) != 0)
 		{
 		if (length < (size - 1))
 			{
@@ -95,25 +95,15 @@ void @inline _ZN5shell6Parser4wordEPci(struct shell__Parser *this, char *into, i
 	}
 // calls: _ZN5shell6Parser4skipEv, _ZN5shellL9is_letterEc, _ZN5shellL8is_digitEc, 
 
-char @inline _ZNK5shell6Parser2okEv(struct shell__Parser *this)
-	{
-	return (this->f1) ^ 1;
-	}
-
 char @inline _ZN5shell6Parser6acceptEc(struct shell__Parser *this, signed char c)
 	{
-	char retval;
-
 	_ZN5shell6Parser4skipEv(this);
 	if (((signed char )*(this->f0)) != ((signed char )c))
 		{
-		retval = 0;
-		return retval;
+		return 0;
 		}
 	this->f0 = (this->f0) + 1;
-	retval = 1;
-_return_:
-	return retval;
+	return 1;
 	}
 // calls: _ZN5shell6Parser4skipEv, 
 
@@ -130,9 +120,13 @@ long @inline _ZN5shell6Parser6numberEv(struct shell__Parser *this)
 	}
 // calls: _ZN5shellL8is_digitEc, 
 
+char @inline _ZNK5shell6Parser2okEv(struct shell__Parser *this)
+	{
+	return (this->f1) == 0;
+	}
+
 char execute(char *line)
 	{
-	char retval;
 	struct shell__Parser parser;
 	char name[8];
 	struct shell__Command (*__range1)[3];
@@ -150,13 +144,10 @@ char execute(char *line)
 		if (_ZN5shellL4sameEPKcS1_(command->f0, name))
 			{
 			(command->f1)(&parser);
-			retval = 1;
-			return retval;
+			return 1;
 			}
 		}
-	retval = 0;
-_return_:
-	return retval;
+	return 0;
 	}
 // calls: _ZN5shell6ParserC2EPKc, _ZN5shell6Parser4wordEPci, _ZN5shellL4sameEPKcS1_, 
 
@@ -205,23 +196,26 @@ static void _ZN5shellL6do_letERNS_6ParserE(struct shell__Parser *parser)
 	struct shell__Variable *variable;
 
 	_ZN5shell6Parser4wordEPci(parser, name, 8);
-	if (!(_ZN5shell6Parser6acceptEc(parser, 61)))
+	if (_ZN5shell6Parser6acceptEc(parser, 61))
+		{
+		value = _ZN5shell6Parser10expressionEv(parser);
+		variable = _ZN5shellL4findEPKc(name);
+		if (variable == 0)
+			{
+			variable = _ZN5shellL4makeEPKc(name);
+			}
+		if (variable != 0 && (_ZNK5shell6Parser2okEv(parser)))
+			{
+			variable->f2 = value;
+			}
+		}
+	else
 		{
 		_ZN5shellL5printEPKc(_str_4);
 		}
-	value = _ZN5shell6Parser10expressionEv(parser);
-	variable = _ZN5shellL4findEPKc(name);
-	if (variable == 0)
-		{
-		variable = _ZN5shellL4makeEPKc(name);
-		}
-	if (variable != 0 && (_ZNK5shell6Parser2okEv(parser)))
-		{
-		variable->f2 = value;
-		}
 	return;
 	}
-// calls: _ZN5shell6Parser4wordEPci, _ZN5shell6Parser6acceptEc, _ZN5shellL5printEPKc, _ZN5shell6Parser10expressionEv, _ZN5shellL4findEPKc, _ZN5shellL4makeEPKc, _ZNK5shell6Parser2okEv, 
+// calls: _ZN5shell6Parser4wordEPci, _ZN5shell6Parser6acceptEc, _ZN5shell6Parser10expressionEv, _ZN5shellL4findEPKc, _ZN5shellL4makeEPKc, _ZNK5shell6Parser2okEv, _ZN5shellL5printEPKc, 
 
 static void _ZN5shellL7do_listERNS_6ParserE(struct shell__Parser *_unused0_)
 	{
@@ -237,6 +231,75 @@ static void _ZN5shellL7do_listERNS_6ParserE(struct shell__Parser *_unused0_)
 	return;
 	}
 // calls: _ZN5shellL5printEPKc, _ZN5shellL5printEl, put_char, 
+
+long @weak _ZN5shell6Parser6factorEv(struct shell__Parser *this)
+	{
+	long value;
+	char name[8];
+	struct shell__Variable *variable;
+
+	if (_ZN5shell6Parser6acceptEc(this, 45))
+		{
+		return -(_ZN5shell6Parser6factorEv(this));
+		}
+	if (_ZN5shell6Parser6acceptEc(this, 40))
+		{
+		value = _ZN5shell6Parser10expressionEv(this);
+		if ((_ZN5shell6Parser6acceptEc(this, 41)) == 0)
+			{
+			this->f1 = 1;
+			}
+		return value;
+		}
+	if (_ZN5shellL8is_digitEc(*(this->f0)))
+		{
+		return _ZN5shell6Parser6numberEv(this);
+		}
+	_ZN5shell6Parser4wordEPci(this, name, 8);
+	variable = _ZN5shellL4findEPKc(name);
+	if (variable != 0)
+		{
+		return variable->f2;
+		}
+	this->f1 = 1;
+	return 0;
+	}
+// calls: _ZN5shell6Parser6acceptEc, _ZN5shell6Parser6factorEv, _ZN5shell6Parser10expressionEv, _ZN5shellL8is_digitEc, _ZN5shell6Parser6numberEv, _ZN5shell6Parser4wordEPci, _ZN5shellL4findEPKc, 
+
+long @weak _ZN5shell6Parser4termEv(struct shell__Parser *this)
+	{
+	long value;
+	long by;
+
+	value = _ZN5shell6Parser6factorEv(this);
+	for (;;)
+		{
+		if (_ZN5shell6Parser6acceptEc(this, 42))
+			{
+			value = value * (_ZN5shell6Parser6factorEv(this));
+			}
+		else
+			{
+			if (_ZN5shell6Parser6acceptEc(this, 47))
+				{
+				by = _ZN5shell6Parser6factorEv(this);
+				if (by == 0)
+					{
+					this->f1 = 1;
+					}
+				else
+					{
+					value = value / by;
+					}
+				}
+			else
+				{
+				return value;
+				}
+			}
+		}
+	}
+// calls: _ZN5shell6Parser6factorEv, _ZN5shell6Parser6acceptEc, 
 
 long @weak _ZN5shell6Parser10expressionEv(struct shell__Parser *this)
 	{
@@ -290,111 +353,29 @@ static void _ZN5shellL5printEPKc(char *text)
 	}
 // calls: put_char, 
 
-long @weak _ZN5shell6Parser4termEv(struct shell__Parser *this)
-	{
-	long value;
-	long by;
-
-	value = _ZN5shell6Parser6factorEv(this);
-	for (;;)
-		{
-		if (_ZN5shell6Parser6acceptEc(this, 42))
-			{
-			value = value * (_ZN5shell6Parser6factorEv(this));
-			}
-		else
-			{
-			if (_ZN5shell6Parser6acceptEc(this, 47))
-				{
-				by = _ZN5shell6Parser6factorEv(this);
-				if (by == 0)
-					{
-					this->f1 = 1;
-					}
-				else
-					{
-					value = value / by;
-					}
-				}
-			else
-				{
-				return value;
-				}
-			}
-		}
-	}
-// calls: _ZN5shell6Parser6factorEv, _ZN5shell6Parser6acceptEc, 
-
-long @weak _ZN5shell6Parser6factorEv(struct shell__Parser *this)
-	{
-	long retval;
-	long value;
-	char name[8];
-	struct shell__Variable *variable;
-
-	if (_ZN5shell6Parser6acceptEc(this, 45))
-		{
-		retval = -(_ZN5shell6Parser6factorEv(this));
-		return retval;
-		}
-	if (_ZN5shell6Parser6acceptEc(this, 40))
-		{
-		value = _ZN5shell6Parser10expressionEv(this);
-		if (!(_ZN5shell6Parser6acceptEc(this, 41)))
-			{
-			this->f1 = 1;
-			}
-		retval = value;
-		return retval;
-		}
-	if (_ZN5shellL8is_digitEc(*(this->f0)))
-		{
-		retval = _ZN5shell6Parser6numberEv(this);
-		return retval;
-		}
-	_ZN5shell6Parser4wordEPci(this, name, 8);
-	variable = _ZN5shellL4findEPKc(name);
-	if (variable == 0)
-		{
-		this->f1 = 1;
-		retval = 0;
-		return retval;
-		}
-	retval = variable->f2;
-_return_:
-	return retval;
-	}
-// calls: _ZN5shell6Parser6acceptEc, _ZN5shell6Parser6factorEv, _ZN5shell6Parser10expressionEv, _ZN5shellL8is_digitEc, _ZN5shell6Parser6numberEv, _ZN5shell6Parser4wordEPci, _ZN5shellL4findEPKc, 
-
 static struct shell__Variable *_ZN5shellL4findEPKc(char *name)
 	{
-	struct shell__Variable *retval;
 	struct shell__Variable *v;
 
 	for (v = _ZN5shellL9variablesE; v != 0; v = v->f0)
 		{
 		if (_ZN5shellL4sameEPKcS1_(v->f1, name))
 			{
-			retval = v;
-			return retval;
+			return v;
 			}
 		}
-	retval = 0;
-_return_:
-	return retval;
+	return 0;
 	}
 // calls: _ZN5shellL4sameEPKcS1_, 
 
 static struct shell__Variable *_ZN5shellL4makeEPKc(char *name)
 	{
-	struct shell__Variable *retval;
 	struct shell__Variable *fresh;
 	int i;
 
 	if (_ZN5shellL4usedE == 6)
 		{
-		retval = 0;
-		return retval;
+		return 0;
 		}
 	fresh = &_ZN5shellL4poolE[_ZN5shellL4usedE++];
 	i = 0;
@@ -406,8 +387,6 @@ static struct shell__Variable *_ZN5shellL4makeEPKc(char *name)
 	(fresh->f1)[i] = 0;
 	fresh->f0 = _ZN5shellL9variablesE;
 	_ZN5shellL9variablesE = fresh;
-	retval = fresh;
-_return_:
-	return retval;
+	return fresh;
 	}
 

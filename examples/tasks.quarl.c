@@ -15,7 +15,14 @@ struct task {
 	int f4;
 	};
 
-struct task;
+struct unnamed_1 {
+	struct task *f0;
+	long f1;
+	void (*f2)(struct task *);
+	union payload f3;
+	char f4;
+	char f5;
+	};
 
 
 /*	externs definitions
@@ -29,9 +36,8 @@ static void sum_bytes(struct task *);	//count=1
  */
 static struct task *queue;	// count=6
 static long now = 0;	// count=3
-struct _ustr0_ {struct task *f0; long f1; void (*f2)(struct task *); union payload f3; char f4; char f5; };
-struct _ustr0_ housekeeping;
-static struct _ustr0_ housekeeping = {0, 0, &sum_bytes, {16909060}, 1, 0};	// count=4
+struct unnamed_1 housekeeping;
+static struct unnamed_1 housekeeping = {0, 0, &sum_bytes, {16909060}, 1, 0};	// count=4
 
 /*	functions definitions
  */
@@ -41,7 +47,7 @@ void schedule(struct task *task, long delay)
 
 	place = &queue;
 	task->f1 = now + delay;
-	while ((*place) != 0 && (((unsigned long )((struct task *)*place)->f1) < ((unsigned long )task->f1) || ((((struct task *)*place)->f1) == (task->f1) && (((((unsigned int )task->f4) >> 1) & 1) == 0))))
+	while ((*place) != 0 && (((unsigned long )((struct task *)*place)->f1) < ((unsigned long )task->f1) || ((((struct task *)*place)->f1) == (task->f1) && ((((unsigned int )task->f4) >> 1) & 1) == 0)))
 		{
 		place = &((struct task *)*place)->f0;
 		}
@@ -52,7 +58,6 @@ void schedule(struct task *task, long delay)
 
 int cancel(struct task *task)
 	{
-	int retval;
 	struct task **place;
 
 	for (place = &queue; (*place) != 0; place = &((struct task *)*place)->f0)
@@ -60,13 +65,10 @@ int cancel(struct task *task)
 		if ((*place) == task)
 			{
 			*place = task->f0;
-			retval = 1;
-			return retval;
+			return 1;
 			}
 		}
-	retval = 0;
-_return_:
-	return retval;
+	return 0;
 	}
 
 int run_until(long time)

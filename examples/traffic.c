@@ -55,7 +55,7 @@ void _ZN7traffic6handleERNS_8CrossingENS_5EventE(struct traffic__Crossing *cross
 			}
 		return;
 	case 2:
-		crossing->f3 = (crossing->f3) ^ 1;
+		crossing->f3 = (crossing->f3) == 0;
 		return;
 	default:
 		_ZN7trafficL5enterERNS_8CrossingENS_5StateE(crossing, 0);
@@ -72,7 +72,6 @@ static void _ZN7trafficL4stepERNS_8CrossingE(struct traffic__Crossing *crossing)
 		return;
 		}
 	_ZN7trafficL5enterERNS_8CrossingENS_5StateE(crossing, (_ZN7trafficL6phasesE[crossing->f0].f2)(crossing));
-_return_:
 	return;
 	}
 // calls: _ZN7trafficL5enterERNS_8CrossingENS_5StateE, 
@@ -108,7 +107,6 @@ void simulate(char *events)
 
 	for (;;)
 		{
-	_again_:
 		c = *events++;
 		if (c == 0)
 			{

@@ -32,11 +32,11 @@ struct Uart {
 
 /*	externs definitions
  */
+char _ZN4RingIhLi32EE4nextEh(char );	//count=4
+char _ZNK4RingIhLi32EE4fullEv(struct Ring_0 *);	//count=2
+char _ZN4RingIhLi32EE3putERKh(struct Ring_0 *, char *);	//count=5
 struct Uart *_ZN4UartlsEPKc(struct Uart *, char *);	//count=2
 struct Uart *_ZN4UartlsEi(struct Uart *, int );	//count=3
-char _ZN4RingIhLi32EE3putERKh(struct Ring_0 *, char *);	//count=3
-char _ZNK4RingIhLi32EE4fullEv(struct Ring_0 *);	//count=2
-char _ZN4RingIhLi32EE4nextEh(char );	//count=3
 
 /*	variables definitions
  */
@@ -54,25 +54,23 @@ char @inline _ZN4RingIhLi32EE4nextEh(char at)
 
 char @inline _ZNK4RingIhLi32EE4fullEv(struct Ring_0 *this)
 	{
-	return ((char )_ZN4RingIhLi32EE4nextEh(this->f1)) == ((char )this->f2);
+	int conv;
+
+	conv = (char )_ZN4RingIhLi32EE4nextEh(this->f1);
+	return conv == ((char )this->f2);
 	}
 // calls: _ZN4RingIhLi32EE4nextEh, 
 
 char @inline _ZN4RingIhLi32EE3putERKh(struct Ring_0 *this, char *value)
 	{
-	char retval;
-
 	if (_ZNK4RingIhLi32EE4fullEv(this))
 		{
 		this->f3 = (this->f3) + 1;
-		retval = 0;
-		return retval;
+		return 0;
 		}
 	(this->f0)[(int )(char )this->f1] = *value;
 	this->f1 = _ZN4RingIhLi32EE4nextEh(this->f1);
-	retval = 1;
-_return_:
-	return retval;
+	return 1;
 	}
 // calls: _ZNK4RingIhLi32EE4fullEv, _ZN4RingIhLi32EE4nextEh, 
 

@@ -1,215 +1,172 @@
-; ModuleID = 'uart.cpp'
 source_filename = "uart.cpp"
-target datalayout = "e-m:e-p:16:16-i32:16-i64:16-f32:16-f64:16-a:8-n8:16-S16"
-target triple = "msp430"
-
-declare { %class.Ring*, %class.Ring.0*, %struct.Registers* } @llvm.dbg.order()
-%class.Uart = type { %struct.Registers*, %class.Ring, %class.Ring.0, i16 }
+declare { %class.Ring*, %class.Ring_0*, %struct.Registers* } @llvm.dbg.order()
+%class.Uart = type { %struct.Registers*, %class.Ring, %class.Ring_0, i16 }
 %struct.Registers = type { i8, i8 }
 %class.Ring = type { [16 x i8], i8, i8, i16 }
-%class.Ring.0 = type { [32 x i8], i8, i8, i16 }
-
-$_ZN4UartlsEPKc = comdat any
-
-$_ZN4UartlsEi = comdat any
-
-$_ZN4RingIhLi32EE3putERKh = comdat any
-
-$_ZNK4RingIhLi32EE4fullEv = comdat any
-
-$_ZN4RingIhLi32EE4nextEh = comdat any
-
-@console = global %class.Uart zeroinitializer, align 2
-@.str = private unnamed_addr constant [7 x i8] c"hello \00", align 1
-@.str.1 = private unnamed_addr constant [9 x i8] c", visit \00", align 1
-@.str.2 = private unnamed_addr constant [2 x i8] c"\0A\00", align 1
-
-; Function Attrs: mustprogress noinline nounwind optnone
-define void @greet(i8* %name, i16 %visits) #0 {
+%class.Ring_0 = type { [32 x i8], i8, i8, i16 }
+@console = global %class.Uart zeroinitializer
+@_str = private constant [7 x i8] c"hello \00"
+@_str_1 = private constant [9 x i8] c", visit \00"
+@_str_2 = private constant [2 x i8] c"\0A\00"
+declare void @llvm.dbg.declare(metadata, metadata, metadata)
+define void @greet(i8* %name, i16 %visits) {
 entry:
-  %name.addr = alloca i8*, align 2
-  %visits.addr = alloca i16, align 2
-  store i8* %name, i8** %name.addr, align 2
-  store i16 %visits, i16* %visits.addr, align 2
-  %call = call nonnull align 2 dereferenceable(60) %class.Uart* @_ZN4UartlsEPKc(%class.Uart* nonnull align 2 dereferenceable(60) @console, i8* getelementptr inbounds ([7 x i8], [7 x i8]* @.str, i16 0, i16 0))
-  %0 = load i8*, i8** %name.addr, align 2
-  %call1 = call nonnull align 2 dereferenceable(60) %class.Uart* @_ZN4UartlsEPKc(%class.Uart* nonnull align 2 dereferenceable(60) %call, i8* %0)
-  %call2 = call nonnull align 2 dereferenceable(60) %class.Uart* @_ZN4UartlsEPKc(%class.Uart* nonnull align 2 dereferenceable(60) %call1, i8* getelementptr inbounds ([9 x i8], [9 x i8]* @.str.1, i16 0, i16 0))
-  %1 = load i16, i16* %visits.addr, align 2
-  %call3 = call nonnull align 2 dereferenceable(60) %class.Uart* @_ZN4UartlsEi(%class.Uart* nonnull align 2 dereferenceable(60) %call2, i16 %1)
-  %call4 = call nonnull align 2 dereferenceable(60) %class.Uart* @_ZN4UartlsEPKc(%class.Uart* nonnull align 2 dereferenceable(60) %call3, i8* getelementptr inbounds ([2 x i8], [2 x i8]* @.str.2, i16 0, i16 0))
+  %name.addr = alloca i8*
+  %visits.addr = alloca i16
+  %0 = call %class.Uart* @_ZN4UartlsEPKc(%class.Uart* @console, i8* getelementptr ([7 x i8], [7 x i8]* @_str, i16 0, i16 0))
+  %1 = load i8*, i8** %name.addr
+  %2 = call %class.Uart* @_ZN4UartlsEPKc(%class.Uart* %0, i8* %1)
+  %3 = call %class.Uart* @_ZN4UartlsEPKc(%class.Uart* %2, i8* getelementptr ([9 x i8], [9 x i8]* @_str_1, i16 0, i16 0))
+  %4 = load i16, i16* %visits.addr
+  %5 = call %class.Uart* @_ZN4UartlsEi(%class.Uart* %3, i16 %4)
+  %6 = call %class.Uart* @_ZN4UartlsEPKc(%class.Uart* %5, i8* getelementptr ([2 x i8], [2 x i8]* @_str_2, i16 0, i16 0))
   ret void
 }
 
-; Function Attrs: mustprogress noinline nounwind optnone
-define linkonce_odr nonnull align 2 dereferenceable(60) %class.Uart* @_ZN4UartlsEPKc(%class.Uart* nonnull align 2 dereferenceable(60) %this, i8* %text) #0 comdat align 2 {
+define linkonce_odr zeroext i8 @_ZN4RingIhLi32EE4nextEh(i8 zeroext %at) {
 entry:
-  %this.addr = alloca %class.Uart*, align 2
-  %text.addr = alloca i8*, align 2
-  %ref.tmp = alloca i8, align 1
-  store %class.Uart* %this, %class.Uart** %this.addr, align 2
-  store i8* %text, i8** %text.addr, align 2
-  %this1 = load %class.Uart*, %class.Uart** %this.addr, align 2
-  br label %while.cond
-
-while.cond:
-  %0 = load i8*, i8** %text.addr, align 2
-  %1 = load i8, i8* %0, align 1
-  %tobool = icmp ne i8 %1, 0
-  br i1 %tobool, label %while.body, label %while.end
-
-while.body:
-  %waiting = getelementptr inbounds %class.Uart, %class.Uart* %this1, i32 0, i32 2
-  %2 = load i8*, i8** %text.addr, align 2
-  %incdec.ptr = getelementptr inbounds i8, i8* %2, i32 1
-  store i8* %incdec.ptr, i8** %text.addr, align 2
-  %3 = load i8, i8* %2, align 1
-  store i8 %3, i8* %ref.tmp, align 1
-  %call = call zeroext i1 @_ZN4RingIhLi32EE3putERKh(%class.Ring.0* nonnull align 2 dereferenceable(36) %waiting, i8* nonnull align 1 dereferenceable(1) %ref.tmp)
-  br label %while.cond
-
-while.end:
-  ret %class.Uart* %this1
+  %at.addr = alloca i8
+  %0 = load i8, i8* %at.addr
+  %1 = zext i8 %0 to i16
+  %2 = add i16 %1, 1
+  %3 = icmp slt i16 %2, 32
+  %4 = load i8, i8* %at.addr
+  %5 = zext i8 %4 to i16
+  %6 = add i16 %5, 1
+  %7 = select i1 %3, i16 %6, i16 0
+  %8 = trunc i16 %7 to i8
+  ret i8 %8
 }
 
-; Function Attrs: mustprogress noinline nounwind optnone
-define linkonce_odr nonnull align 2 dereferenceable(60) %class.Uart* @_ZN4UartlsEi(%class.Uart* nonnull align 2 dereferenceable(60) %this, i16 %value) #0 comdat align 2 {
+define linkonce_odr zeroext i1 @_ZNK4RingIhLi32EE4fullEv(%class.Ring_0* %this) {
 entry:
-  %this.addr = alloca %class.Uart*, align 2
-  %value.addr = alloca i16, align 2
-  %ref.tmp = alloca i8, align 1
-  %ref.tmp7 = alloca i8, align 1
-  store %class.Uart* %this, %class.Uart** %this.addr, align 2
-  store i16 %value, i16* %value.addr, align 2
-  %this1 = load %class.Uart*, %class.Uart** %this.addr, align 2
-  %0 = load i16, i16* %value.addr, align 2
-  %cmp = icmp slt i16 %0, 0
-  br i1 %cmp, label %if.then, label %if.end
-
-if.then:
-  %waiting = getelementptr inbounds %class.Uart, %class.Uart* %this1, i32 0, i32 2
-  store i8 45, i8* %ref.tmp, align 1
-  %call = call zeroext i1 @_ZN4RingIhLi32EE3putERKh(%class.Ring.0* nonnull align 2 dereferenceable(36) %waiting, i8* nonnull align 1 dereferenceable(1) %ref.tmp)
-  %1 = load i16, i16* %value.addr, align 2
-  %sub = sub nsw i16 0, %1
-  store i16 %sub, i16* %value.addr, align 2
-  br label %if.end
-
-if.end:
-  %2 = load i16, i16* %value.addr, align 2
-  %cmp2 = icmp sge i16 %2, 10
-  br i1 %cmp2, label %if.then3, label %if.end5
-
-if.then3:
-  %3 = load i16, i16* %value.addr, align 2
-  %div = sdiv i16 %3, 10
-  %call4 = call nonnull align 2 dereferenceable(60) %class.Uart* @_ZN4UartlsEi(%class.Uart* nonnull align 2 dereferenceable(60) %this1, i16 %div)
-  br label %if.end5
-
-if.end5:
-  %waiting6 = getelementptr inbounds %class.Uart, %class.Uart* %this1, i32 0, i32 2
-  %4 = load i16, i16* %value.addr, align 2
-  %rem = srem i16 %4, 10
-  %add = add nsw i16 48, %rem
-  %conv = trunc i16 %add to i8
-  store i8 %conv, i8* %ref.tmp7, align 1
-  %call8 = call zeroext i1 @_ZN4RingIhLi32EE3putERKh(%class.Ring.0* nonnull align 2 dereferenceable(36) %waiting6, i8* nonnull align 1 dereferenceable(1) %ref.tmp7)
-  ret %class.Uart* %this1
+  %this.addr = alloca %class.Ring_0*
+  %conv = alloca i16
+  %0 = load %class.Ring_0*, %class.Ring_0** %this.addr
+  %1 = getelementptr inbounds %class.Ring_0, %class.Ring_0* %0, i32 0, i32 1
+  %2 = load i8, i8* %1
+  %3 = call i8 @_ZN4RingIhLi32EE4nextEh(i8 %2)
+  %4 = zext i8 %3 to i16
+  store i16 %4, i16* %conv
+  %5 = load i16, i16* %conv
+  %6 = load %class.Ring_0*, %class.Ring_0** %this.addr
+  %7 = getelementptr inbounds %class.Ring_0, %class.Ring_0* %6, i32 0, i32 2
+  %8 = load i8, i8* %7
+  %9 = zext i8 %8 to i16
+  %10 = icmp eq i16 %5, %9
+  ret i1 %10
 }
 
-; Function Attrs: mustprogress noinline nounwind optnone
-define linkonce_odr zeroext i1 @_ZN4RingIhLi32EE3putERKh(%class.Ring.0* nonnull align 2 dereferenceable(36) %this, i8* nonnull align 1 dereferenceable(1) %value) #0 comdat align 2 {
+define linkonce_odr zeroext i1 @_ZN4RingIhLi32EE3putERKh(%class.Ring_0* %this, i8* %value) {
 entry:
-  %retval = alloca i1, align 1
-  %this.addr = alloca %class.Ring.0*, align 2
-  %value.addr = alloca i8*, align 2
-  store %class.Ring.0* %this, %class.Ring.0** %this.addr, align 2
-  store i8* %value, i8** %value.addr, align 2
-  %this1 = load %class.Ring.0*, %class.Ring.0** %this.addr, align 2
-  %call = call zeroext i1 @_ZNK4RingIhLi32EE4fullEv(%class.Ring.0* nonnull align 2 dereferenceable(36) %this1)
-  br i1 %call, label %if.then, label %if.end
+  %this.addr = alloca %class.Ring_0*
+  %value.addr = alloca i8*
+  %0 = load %class.Ring_0*, %class.Ring_0** %this.addr
+  %1 = call i1 @_ZNK4RingIhLi32EE4fullEv(%class.Ring_0* %0)
+  br i1 %1, label %if.then0, label %if.end0
 
-if.then:
-  %lost = getelementptr inbounds %class.Ring.0, %class.Ring.0* %this1, i32 0, i32 3
-  %0 = load i16, i16* %lost, align 2
-  %inc = add nsw i16 %0, 1
-  store i16 %inc, i16* %lost, align 2
-  store i1 false, i1* %retval, align 1
-  br label %return
+if.then0:
+  %2 = load %class.Ring_0*, %class.Ring_0** %this.addr
+  %3 = getelementptr inbounds %class.Ring_0, %class.Ring_0* %2, i32 0, i32 3
+  %4 = load i16, i16* %3
+  %5 = add i16 %4, 1
+  %6 = load %class.Ring_0*, %class.Ring_0** %this.addr
+  %7 = getelementptr inbounds %class.Ring_0, %class.Ring_0* %6, i32 0, i32 3
+  store i16 %5, i16* %7
+  ret i1 false
 
-if.end:
-  %1 = load i8*, i8** %value.addr, align 2
-  %2 = load i8, i8* %1, align 1
-  %slots = getelementptr inbounds %class.Ring.0, %class.Ring.0* %this1, i32 0, i32 0
-  %head = getelementptr inbounds %class.Ring.0, %class.Ring.0* %this1, i32 0, i32 1
-  %3 = load i8, i8* %head, align 2
-  %idxprom = zext i8 %3 to i16
-  %arrayidx = getelementptr inbounds [32 x i8], [32 x i8]* %slots, i16 0, i16 %idxprom
-  store i8 %2, i8* %arrayidx, align 1
-  %head2 = getelementptr inbounds %class.Ring.0, %class.Ring.0* %this1, i32 0, i32 1
-  %4 = load i8, i8* %head2, align 2
-  %call3 = call zeroext i8 @_ZN4RingIhLi32EE4nextEh(i8 zeroext %4)
-  %head4 = getelementptr inbounds %class.Ring.0, %class.Ring.0* %this1, i32 0, i32 1
-  store i8 %call3, i8* %head4, align 2
-  store i1 true, i1* %retval, align 1
-  br label %return
-
-return:
-  %5 = load i1, i1* %retval, align 1
-  ret i1 %5
+if.end0:
+  %8 = load i8*, i8** %value.addr
+  %9 = load i8, i8* %8
+  %10 = load %class.Ring_0*, %class.Ring_0** %this.addr
+  %11 = getelementptr inbounds %class.Ring_0, %class.Ring_0* %10, i32 0, i32 0
+  %12 = load %class.Ring_0*, %class.Ring_0** %this.addr
+  %13 = getelementptr inbounds %class.Ring_0, %class.Ring_0* %12, i32 0, i32 1
+  %14 = load i8, i8* %13
+  %15 = zext i8 %14 to i16
+  %16 = getelementptr inbounds [32 x i8], [32 x i8]* %11, i16 0, i16 %15
+  store i8 %9, i8* %16
+  %17 = load %class.Ring_0*, %class.Ring_0** %this.addr
+  %18 = getelementptr inbounds %class.Ring_0, %class.Ring_0* %17, i32 0, i32 1
+  %19 = load i8, i8* %18
+  %20 = call i8 @_ZN4RingIhLi32EE4nextEh(i8 %19)
+  %21 = load %class.Ring_0*, %class.Ring_0** %this.addr
+  %22 = getelementptr inbounds %class.Ring_0, %class.Ring_0* %21, i32 0, i32 1
+  store i8 %20, i8* %22
+  ret i1 true
 }
 
-; Function Attrs: mustprogress noinline nounwind optnone
-define linkonce_odr zeroext i1 @_ZNK4RingIhLi32EE4fullEv(%class.Ring.0* nonnull align 2 dereferenceable(36) %this) #0 comdat align 2 {
+define linkonce_odr %class.Uart* @_ZN4UartlsEPKc(%class.Uart* %this, i8* %text) {
 entry:
-  %this.addr = alloca %class.Ring.0*, align 2
-  store %class.Ring.0* %this, %class.Ring.0** %this.addr, align 2
-  %this1 = load %class.Ring.0*, %class.Ring.0** %this.addr, align 2
-  %head = getelementptr inbounds %class.Ring.0, %class.Ring.0* %this1, i32 0, i32 1
-  %0 = load i8, i8* %head, align 2
-  %call = call zeroext i8 @_ZN4RingIhLi32EE4nextEh(i8 zeroext %0)
-  %conv = zext i8 %call to i16
-  %tail = getelementptr inbounds %class.Ring.0, %class.Ring.0* %this1, i32 0, i32 2
-  %1 = load i8, i8* %tail, align 1
-  %conv2 = zext i8 %1 to i16
-  %cmp = icmp eq i16 %conv, %conv2
-  ret i1 %cmp
+  %this.addr = alloca %class.Uart*
+  %text.addr = alloca i8*
+  %ref_tmp = alloca i8
+  br label %while.cond0
+
+while.cond0:
+  %0 = load i8*, i8** %text.addr
+  %1 = load i8, i8* %0
+  %2 = icmp ne i8 %1, 0
+  br i1 %2, label %while.body0, label %while.end0
+
+while.body0:
+  %3 = load i8*, i8** %text.addr
+  %incdec.ptr.0 = getelementptr inbounds i8, i8* %3, i32 1
+  store i8* %incdec.ptr.0, i8** %text.addr
+  %4 = load i8, i8* %3
+  store i8 %4, i8* %ref_tmp
+  %5 = load %class.Uart*, %class.Uart** %this.addr
+  %6 = getelementptr inbounds %class.Uart, %class.Uart* %5, i32 0, i32 2
+  %7 = call i1 @_ZN4RingIhLi32EE3putERKh(%class.Ring_0* %6, i8* %ref_tmp)
+  br label %while.cond0
+
+while.end0:
+  %8 = load %class.Uart*, %class.Uart** %this.addr
+  ret %class.Uart* %8
 }
 
-; Function Attrs: mustprogress noinline nounwind optnone
-define linkonce_odr zeroext i8 @_ZN4RingIhLi32EE4nextEh(i8 zeroext %at) #0 comdat align 2 {
+define linkonce_odr %class.Uart* @_ZN4UartlsEi(%class.Uart* %this, i16 %value) {
 entry:
-  %at.addr = alloca i8, align 1
-  store i8 %at, i8* %at.addr, align 1
-  %0 = load i8, i8* %at.addr, align 1
-  %conv = zext i8 %0 to i16
-  %add = add nsw i16 %conv, 1
-  %cmp = icmp slt i16 %add, 32
-  br i1 %cmp, label %cond.true, label %cond.false
+  %this.addr = alloca %class.Uart*
+  %value.addr = alloca i16
+  %ref_tmp = alloca i8
+  %ref_tmp7 = alloca i8
+  %0 = load i16, i16* %value.addr
+  %1 = icmp slt i16 %0, 0
+  br i1 %1, label %if.then0, label %if.end0
 
-cond.true:
-  %1 = load i8, i8* %at.addr, align 1
-  %conv1 = zext i8 %1 to i16
-  %add2 = add nsw i16 %conv1, 1
-  br label %cond.end
+if.then0:
+  store i8 45, i8* %ref_tmp
+  %2 = load %class.Uart*, %class.Uart** %this.addr
+  %3 = getelementptr inbounds %class.Uart, %class.Uart* %2, i32 0, i32 2
+  %4 = call i1 @_ZN4RingIhLi32EE3putERKh(%class.Ring_0* %3, i8* %ref_tmp)
+  %5 = load i16, i16* %value.addr
+  %6 = sub i16 0, %5
+  store i16 %6, i16* %value.addr
+  br label %if.end0
 
-cond.false:
-  br label %cond.end
+if.end0:
+  %7 = load i16, i16* %value.addr
+  %8 = icmp sge i16 %7, 10
+  br i1 %8, label %if.then1, label %if.end1
 
-cond.end:
-  %cond = phi i16 [ %add2, %cond.true ], [ 0, %cond.false ]
-  %conv3 = trunc i16 %cond to i8
-  ret i8 %conv3
+if.then1:
+  %9 = load %class.Uart*, %class.Uart** %this.addr
+  %10 = load i16, i16* %value.addr
+  %11 = sdiv i16 %10, 10
+  %12 = call %class.Uart* @_ZN4UartlsEi(%class.Uart* %9, i16 %11)
+  br label %if.end1
+
+if.end1:
+  %13 = load i16, i16* %value.addr
+  %14 = srem i16 %13, 10
+  %15 = add i16 48, %14
+  %16 = trunc i16 %15 to i8
+  store i8 %16, i8* %ref_tmp7
+  %17 = load %class.Uart*, %class.Uart** %this.addr
+  %18 = getelementptr inbounds %class.Uart, %class.Uart* %17, i32 0, i32 2
+  %19 = call i1 @_ZN4RingIhLi32EE3putERKh(%class.Ring_0* %18, i8* %ref_tmp7)
+  %20 = load %class.Uart*, %class.Uart** %this.addr
+  ret %class.Uart* %20
 }
 
-attributes #0 = { mustprogress noinline nounwind optnone "frame-pointer"="none" "min-legal-vector-width"="0" "no-trapping-math"="true" "stack-protector-buffer-size"="8" }
-
-!llvm.module.flags = !{!0, !1, !2}
-!llvm.ident = !{!3}
-
-!0 = !{i32 1, !"SemanticInterposition", i32 1}
-!1 = !{i32 1, !"wchar_size", i32 2}
-!2 = !{i32 7, !"PIC Level", i32 2}
-!3 = !{!"Debian clang version 14.0.6"}
-!4 = distinct !{!4, !5}
-!5 = !{!"llvm.loop.mustprogress"}

@@ -17,25 +17,25 @@ struct Pass {
 
 // From what the front end writes to what the structuring takes.
 constexpr Pass passes[] = {
-    {"lowerinvoke", lowerinvoke},            // no exceptions: no invoke, landingpad, resume
-    {"lowershared", lowershared},            // statics of inline functions are reached by a call
-    {"lowervarargs", lowervarargs},          // no va_start, va_arg, va_end, va_copy
-    {"lowervla", lowervla},                  // all variables have a fixed size
-    {"lowerintrinsics", lowerintrinsics},    // of llvm.*, calls of memcpy, memmove and memset alone
-    {"loweratomics", loweratomics},          // no atomic access, no fence
-    {"loweraggregates", loweraggregates},    // structures as values only from load to store
-    {"lowerwide", lowerwide},                // no integer of more than 64 bits
-    {"hoistconstants", hoistconstants},      // computed constants are addresses
-    {"lowerodd", lowerodd},                  // integers of 1, 8, 16, 32 and 64 bits only
-    {"lowerfloats", lowerfloats},            // no unsigned 64-bit integer from a floating-point number
-    {"lowerlayout", lowerlayout},            // members by place only where they are written in that place
-    {"lowerunaligned", lowerunaligned},      // no load or store is aligned by less than its type
-    {"lowernan", lowernan},                  // no operand is a constant that isn't a number
-    {"lowermemory", lowermemory},            // string.h isn't needed where the module declares what it has
-    {"threadcleanups", threadcleanups},      // ways out of a scope don't meet in a switch, up to a size
-    {"foldreturns", foldreturns},            // a return stands where it is jumped from
-    {"dropdead", dropdead},                  // every value without an effect has a use
-    {"hoistallocas", hoistallocas},          // all variables at the start of the entry block
+    {"lowerinvoke", lowerinvoke},          // no exceptions: no invoke, landingpad, resume
+    {"lowershared", lowershared},          // statics of inline functions are reached by a call
+    {"lowervarargs", lowervarargs},        // no va_start, va_arg, va_end, va_copy
+    {"lowervla", lowervla},                // all variables have a fixed size
+    {"lowerintrinsics", lowerintrinsics},  // of llvm.*, calls of memcpy, memmove and memset alone
+    {"loweratomics", loweratomics},        // no atomic access, no fence
+    {"loweraggregates", loweraggregates},  // structures as values only from load to store
+    {"lowerwide", lowerwide},              // no integer of more than 64 bits
+    {"hoistconstants", hoistconstants},    // computed constants are addresses
+    {"lowerodd", lowerodd},                // integers of 1, 8, 16, 32 and 64 bits only
+    {"lowerfloats", lowerfloats},          // no unsigned 64-bit integer from a floating-point number
+    {"lowerlayout", lowerlayout},          // members by place only where they are written in that place
+    {"lowerunaligned", lowerunaligned},    // no load or store is aligned by less than its type
+    {"lowernan", lowernan},                // no operand is a constant that isn't a number
+    {"lowermemory", lowermemory},          // string.h isn't needed where the module declares what it has
+    {"threadcleanups", threadcleanups},    // ways out of a scope don't meet in a switch, up to a size
+    {"foldreturns", foldreturns},          // a return stands where it is jumped from
+    {"dropdead", dropdead},                // every value without an effect has a use
+    {"hoistallocas", hoistallocas},        // all variables at the start of the entry block
 };
 
 // A definition whose body has been printed.

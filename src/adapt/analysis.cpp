@@ -48,7 +48,7 @@ void orderednodes(Tree &tree, std::vector<Node *> &order)
 
 // The depth-first tree by numbers, and what the dominators are computed with.
 struct Forest {
-    std::vector<Node *> nodes;            // by number
+    std::vector<Node *> nodes;  // by number
     std::vector<std::uint32_t> parent;
     std::vector<std::uint32_t> ancestor;
     std::vector<std::uint32_t> label;

@@ -18,7 +18,7 @@ namespace {
 
 using Kind = Condition::Kind;
 
-constexpr std::size_t longest_arm = 64;    // instructions of one arm of a choice
+constexpr std::size_t longest_arm = 64;  // instructions of one arm of a choice
 constexpr std::uint32_t deepest_condition = 60;
 
 Condition *newcondition(Tree &tree, Kind kind)
@@ -58,8 +58,8 @@ Condition *combine(Tree &tree, Kind kind, Condition *left, Condition *right, std
 
 Incoming *incomingfrom(Phi &phi, const Node *from)
 {
-    const auto found = std::find_if(phi.incoming.begin(), phi.incoming.end(),
-                                    [=](const Incoming &pair) { return pair.from == from; });
+    const auto found =
+        std::find_if(phi.incoming.begin(), phi.incoming.end(), [=](const Incoming &pair) { return pair.from == from; });
     return found == phi.incoming.end() ? nullptr : &*found;
 }
 
@@ -171,8 +171,8 @@ bool foldchoice(Tree &tree, Node *b)
     Node *f = one->succs[1];
     const bool crossed = two->succs[0] == f && two->succs[1] == t;
     if ((!crossed && (two->succs[0] != t || two->succs[1] != f)) || t == f || t == one || t == two || f == one ||
-        f == two || !takessame(t, one, two) || !takessame(f, one, two) ||
-        !ischoicearm(tree, one) || !ischoicearm(tree, two) || !maynest(b->condition)) {
+        f == two || !takessame(t, one, two) || !takessame(f, one, two) || !ischoicearm(tree, one) ||
+        !ischoicearm(tree, two) || !maynest(b->condition)) {
         return false;
     }
     two->condition->negated = two->condition->negated != crossed;

@@ -1,8 +1,8 @@
 // Trees of expressions as the instructions that quarl nests into the same trees.
 //
 // quarl prints an operator where an instruction stands, and C decides what it means: operands are promoted to int, and
-// the sign of an operation is that of its operands' types. So each operand is known by its C value (Operand), and gets a
-// cast where an operation takes it otherwise. Casts are said by instructions that quarl reads as such:
+// the sign of an operation is that of its operands' types. So each operand is known by its C value (Operand), and gets
+// a cast where an operation takes it otherwise. Casts are said by instructions that quarl reads as such:
 //
 //     bitcast i16 %x to i16      (int )x              fptoui i16 %x to i16      (unsigned int )x
 //     bitcast float 1.5 to float (float )1.5
@@ -17,9 +17,9 @@ namespace adapt {
 namespace {
 
 enum class Need : std::uint8_t {
-    bits,          // the low bits alone count
-    as_signed,     // the signed value, of a signed type
-    as_unsigned,   // the unsigned value
+    bits,         // the low bits alone count
+    as_signed,    // the signed value, of a signed type
+    as_unsigned,  // the unsigned value
 };
 
 constexpr std::uint32_t bits_of_byte = 8;
@@ -162,7 +162,8 @@ Operand integerconstant(BodyPrinter &printer, const Type *type, std::uint64_t bi
     result.text = std::to_string(number);
     result.bits = literalbits(printer, number);
     result.is_unsigned = number >= 0;
-    if (!narrow && need != Need::bits && number < 0 && static_cast<std::uint64_t>(number) << (64 - bits) == std::uint64_t{1} << 63) {
+    if (!narrow && need != Need::bits && number < 0 &&
+        static_cast<std::uint64_t>(number) << (64 - bits) == std::uint64_t{1} << 63) {
         result = castto(printer, type, result);
     }
     return need == Need::as_unsigned && number < 0 ? unsignedcast(printer, type, result) : result;
@@ -225,7 +226,8 @@ Operand widened(BodyPrinter &printer, const Type *type, Operand operand)
     return castto(printer, type, operand.is_flag ? chosenflag(printer, type, operand) : operand);
 }
 
-// An assignment as a value has the type of an address for quarl. A comparison as a number: quarl would change the sign of the comparison itself.
+// An assignment as a value has the type of an address for quarl. A comparison as a number: quarl would change the sign
+// of the comparison itself.
 Operand unflagged(BodyPrinter &printer, const Type *type, Operand operand)
 {
     if (operand.is_assigned) {
@@ -254,8 +256,8 @@ Operand arithmeticresult(BodyPrinter &printer, const Type *type, const Operand &
     Operand result = defined(printer, type, text);
     result.is_flag = false;
     result.bits = std::max({left.bits, right.bits, printer.int_bits});
-    result.type_unsigned = (left.type_unsigned && left.bits == result.bits) ||
-                           (right.type_unsigned && right.bits == result.bits);
+    result.type_unsigned =
+        (left.type_unsigned && left.bits == result.bits) || (right.type_unsigned && right.bits == result.bits);
     const bool exact = result.bits == widthof(type);
     result.is_signed = exact && !result.type_unsigned;
     result.is_unsigned = exact && result.type_unsigned;
@@ -281,11 +283,12 @@ Operand printbits(BodyPrinter &printer, const Expr *expr)
     const Expr *first = expr->operands[0];
     const Expr *second = expr->operands[1];
     Operand left = printneeded(printer, first, Need::bits);
-    const bool complement =
-        expr->op == Op::xor_ && isintconstant(second) && signednumber(*constantnumber(second->value), widthof(type)) == -1;
+    const bool complement = expr->op == Op::xor_ && isintconstant(second) &&
+                            signednumber(*constantnumber(second->value), widthof(type)) == -1;
     const bool as_unsigned = !complement && left.is_unsigned && !left.is_signed;
-    Operand right = isintconstant(second) ? constantoperand(printer, second, as_unsigned ? Need::as_unsigned : Need::bits)
-                                          : printexpr(printer, second);
+    Operand right = isintconstant(second)
+                        ? constantoperand(printer, second, as_unsigned ? Need::as_unsigned : Need::bits)
+                        : printexpr(printer, second);
     if (widthof(type) == 1) {
         left = compareswide(first) ? chosenflag(printer, type, left) : left;
         right = compareswide(second) ? chosenflag(printer, type, right) : right;
@@ -320,8 +323,8 @@ Operand printshift(BodyPrinter &printer, const Expr *expr)
     const bool narrow = widthof(type) <= bits_of_byte;
     // quarl casts the left operand to the sign that it needs, from i16 on; char is unsigned by itself.
     const bool by_quarl = expr->op == Op::lshr ? !narrow : narrow && expr->op == Op::ashr;
-    Operand left = printneeded(printer, expr->operands[0],
-                               by_quarl && !isintconstant(expr->operands[0]) ? Need::bits : need);
+    Operand left =
+        printneeded(printer, expr->operands[0], by_quarl && !isintconstant(expr->operands[0]) ? Need::bits : need);
     left = unflagged(printer, type, widened(printer, type, left));
     Operand right = printexpr(printer, expr->operands[1]);
     if (!right.is_signed && !right.is_unsigned) {
@@ -367,8 +370,8 @@ Operand printdivision(BodyPrinter &printer, const Expr *expr)
     if (operands[0].bits < widthof(type) && operands[1].bits < widthof(type)) {
         operands[0] = castto(printer, type, operands[0]);
     }
-    Operand result = arithmeticresult(printer, type, operands[0], operands[1],
-                                      binarytext(expr->op, type, operands[0], operands[1]));
+    Operand result =
+        arithmeticresult(printer, type, operands[0], operands[1], binarytext(expr->op, type, operands[0], operands[1]));
     result.is_unsigned = is_unsigned;
     result.is_signed = !is_unsigned;
     return result;
@@ -452,7 +455,8 @@ Operand printpaircompare(BodyPrinter &printer, const Expr *expr)
         }
         const Operand first = compare(word, left, left);
         const Operand second = compare(word, right, right);
-        return flag(printer, (expr->predicate == Predicate::ord ? "and i1 " : "or i1 ") + first.text + ", " + second.text);
+        return flag(printer,
+                    (expr->predicate == Predicate::ord ? "and i1 " : "or i1 ") + first.text + ", " + second.text);
     }
     const Operand below = compare("olt", left, right);
     const Operand above = compare("ogt", left, right);
@@ -466,9 +470,9 @@ Operand printfcmp(BodyPrinter &printer, const Expr *expr)
         if (row.predicate == expr->predicate) {
             const Operand left = printcompared(printer, expr->operands[0]);
             const Operand right = printcompared(printer, expr->operands[1]);
-            const Operand result = flag(printer, "fcmp " + std::string(row.word) + " " +
-                                                     typetext(expr->operands[0]->type) + " " + left.text + ", " +
-                                                     right.text);
+            const Operand result =
+                flag(printer, "fcmp " + std::string(row.word) + " " + typetext(expr->operands[0]->type) + " " +
+                                  left.text + ", " + right.text);
             return row.negated ? negatedflag(printer, result) : result;
         }
     }
@@ -499,7 +503,8 @@ void matchsigns(BodyPrinter &printer, const Expr *expr, Operand &left, Operand &
         (left.is_unsigned && right.is_unsigned)) {
         return;
     }
-    const Need need = bits <= bits_of_byte || left.is_unsigned || right.is_unsigned ? Need::as_unsigned : Need::as_signed;
+    const Need need =
+        bits <= bits_of_byte || left.is_unsigned || right.is_unsigned ? Need::as_unsigned : Need::as_signed;
     left = adjust(printer, type, left, need);
     right = isintconstant(expr->operands[1]) ? constantoperand(printer, expr->operands[1], need)
                                              : adjust(printer, type, right, need);
@@ -537,8 +542,8 @@ Operand printicmp(BodyPrinter &printer, const Expr *expr)
         left = comparand(printer, first, by_quarl ? Need::bits : need, by_quarl);
         right = comparand(printer, second, by_quarl ? Need::bits : need, by_quarl);
     }
-    return flag(printer, "icmp " + std::string(predicatename(expr->predicate)) + " " + typetext(type) + " " + left.text +
-                             ", " + right.text);
+    return flag(printer, "icmp " + std::string(predicatename(expr->predicate)) + " " + typetext(type) + " " +
+                             left.text + ", " + right.text);
 }
 
 // ---- Conversions ----
@@ -559,8 +564,7 @@ Operand printsext(BodyPrinter &printer, const Expr *expr)
         return result;
     }
     const std::string type = typetext(expr->type);
-    Operand result =
-        defined(printer, expr->type, "select i1 " + operand.text + ", " + type + " -1, " + type + " 0");
+    Operand result = defined(printer, expr->type, "select i1 " + operand.text + ", " + type + " -1, " + type + " 0");
     result.is_signed = true;
     result.is_unsigned = false;
     result.bits = printer.int_bits;
@@ -608,7 +612,8 @@ Operand printtrunc(BodyPrinter &printer, const Expr *expr)
     if (printer.module.emulate64 && widthof(part->type) == 64 && widthof(expr->type) > 1) {
         // quarl leaves out a cast within a cast to the same type, and would leave out the low half with it.
         Type *half = inttype(printer.module, 32);
-        const Operand low = unsignedcast(printer, half, defined(printer, half, casttext("trunc", part->type, operand, half)));
+        const Operand low =
+            unsignedcast(printer, half, defined(printer, half, casttext("trunc", part->type, operand, half)));
         return widthof(expr->type) == 32 ? low : defined(printer, expr->type, casttext("trunc", half, low, expr->type));
     }
     if (widthof(expr->type) > 1) {
@@ -668,7 +673,8 @@ Operand printcast(BodyPrinter &printer, const Expr *expr)
     const Expr *part = expr->operands[0];
     const bool number = expr->op == Op::fpext || expr->op == Op::fptrunc;
     const Operand operand = printexpr(printer, part);
-    return defined(printer, expr->type, casttext(number ? "bitcast" : opname(expr->op), part->type, operand, expr->type));
+    return defined(printer, expr->type,
+                   casttext(number ? "bitcast" : opname(expr->op), part->type, operand, expr->type));
 }
 
 // ---- Memory ----
@@ -677,9 +683,9 @@ Operand printload(BodyPrinter &printer, const Expr *expr)
 {
     const Operand address = printexpr(printer, expr->operands[0]);
     const std::string type = typetext(expr->type);
-    Operand result = defined(printer, expr->type,
-                             std::string(expr->is_volatile ? "load volatile " : "load ") + type + ", " + type + "* " +
-                                 address.text);
+    Operand result =
+        defined(printer, expr->type,
+                std::string(expr->is_volatile ? "load volatile " : "load ") + type + ", " + type + "* " + address.text);
     const Expr *place = expr->operands[0];
     if (place->kind == ExprKind::address && place->variable->param != nullptr && isinteger(expr->type, bits_of_byte) &&
         issignedparam(*printer.tree.function, place->variable->param)) {
@@ -836,8 +842,9 @@ Operand printchoice(BodyPrinter &printer, const Expr *expr)
             no = isintconstant(expr->operands[2]) ? constantoperand(printer, expr->operands[2], need) : no;
         }
     }
-    Operand result = defined(printer, expr->type, "select i1 " + condition.text + ", " + typed(expr->operands[1]->type, yes) +
-                                                      ", " + typed(expr->operands[2]->type, no));
+    Operand result = defined(printer, expr->type,
+                             "select i1 " + condition.text + ", " + typed(expr->operands[1]->type, yes) + ", " +
+                                 typed(expr->operands[2]->type, no));
     if (bits > 1) {
         result.bits = std::max(yes.bits, no.bits);
         result.type_unsigned =
@@ -889,18 +896,18 @@ struct Row {
 };
 
 constexpr Row rows[] = {
-    {Op::load, printload},          {Op::getelementptr, printgep},   {Op::call, printcall},
-    {Op::icmp, printicmp},          {Op::add, printsum},             {Op::sub, printsum},
-    {Op::mul, printsum},            {Op::and_, printbits},           {Op::or_, printbits},
-    {Op::xor_, printbits},          {Op::shl, printshift},           {Op::lshr, printshift},
-    {Op::ashr, printshift},         {Op::udiv, printdivision},       {Op::sdiv, printdivision},
-    {Op::urem, printdivision},      {Op::srem, printdivision},       {Op::zext, printzext},
-    {Op::sext, printsext},          {Op::trunc, printtrunc},         {Op::fadd, printfloatbinary},
-    {Op::fsub, printfloatbinary},   {Op::fmul, printfloatbinary},    {Op::fdiv, printfloatbinary},
-    {Op::fneg, printfneg},          {Op::fcmp, printfcmp},           {Op::sitofp, printtofloat},
-    {Op::uitofp, printtofloat},     {Op::fptosi, printfromfloat},    {Op::fptoui, printfromfloat},
-    {Op::fpext, printcast},         {Op::fptrunc, printcast},        {Op::bitcast, printcast},
-    {Op::ptrtoint, printcast},      {Op::inttoptr, printcast},
+    {Op::load, printload},        {Op::getelementptr, printgep}, {Op::call, printcall},
+    {Op::icmp, printicmp},        {Op::add, printsum},           {Op::sub, printsum},
+    {Op::mul, printsum},          {Op::and_, printbits},         {Op::or_, printbits},
+    {Op::xor_, printbits},        {Op::shl, printshift},         {Op::lshr, printshift},
+    {Op::ashr, printshift},       {Op::udiv, printdivision},     {Op::sdiv, printdivision},
+    {Op::urem, printdivision},    {Op::srem, printdivision},     {Op::zext, printzext},
+    {Op::sext, printsext},        {Op::trunc, printtrunc},       {Op::fadd, printfloatbinary},
+    {Op::fsub, printfloatbinary}, {Op::fmul, printfloatbinary},  {Op::fdiv, printfloatbinary},
+    {Op::fneg, printfneg},        {Op::fcmp, printfcmp},         {Op::sitofp, printtofloat},
+    {Op::uitofp, printtofloat},   {Op::fptosi, printfromfloat},  {Op::fptoui, printfromfloat},
+    {Op::fpext, printcast},       {Op::fptrunc, printcast},      {Op::bitcast, printcast},
+    {Op::ptrtoint, printcast},    {Op::inttoptr, printcast},
 };
 
 Operand printoperation(BodyPrinter &printer, const Expr *expr)
@@ -970,8 +977,8 @@ Operand printstored(BodyPrinter &printer, const Expr *expr, Type *type)
     if (expr->kind == ExprKind::address) {
         const std::string object = typetext(type->sub);
         result.text = newvalue(printer);
-        printline(printer, result.text + " = getelementptr " + object + ", " + object + "* " + slotname(expr->variable) +
-                               ", i16 0");
+        printline(printer, result.text + " = getelementptr " + object + ", " + object + "* " +
+                               slotname(expr->variable) + ", i16 0");
     }
     return result;
 }
@@ -980,9 +987,8 @@ std::string printtarget(BodyPrinter &printer, const Expr *address, const Type *t
 {
     const Operand operand = printexpr(printer, address);
     // quarl takes an element of an array for the array, which tells it nothing of the 64 bits.
-    const bool element =
-        (address->kind == ExprKind::operation && address->op == Op::getelementptr) ||
-        (address->kind == ExprKind::constant && address->value->kind == ValueKind::expression);
+    const bool element = (address->kind == ExprKind::operation && address->op == Op::getelementptr) ||
+                         (address->kind == ExprKind::constant && address->value->kind == ValueKind::expression);
     if (printer.module.emulate64 && widthof(type) == 64 && element) {
         return castto(printer, address->type, operand).text;
     }

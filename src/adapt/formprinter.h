@@ -34,16 +34,16 @@ struct BodyPrinter {
     Tree &tree;
     Module &module;
     std::string &out;
-    std::uint32_t int_bits;          // of C's int
-    std::uint32_t next_value = 0;    // names of values: numbers
+    std::uint32_t int_bits;        // of C's int
+    std::uint32_t next_value = 0;  // names of values: numbers
     std::uint32_t next_step = 0;
     std::uint32_t next_construct = 0;
-    bool no_chains = false;          // a chain must be said by ?:, within the expression
-    bool is_open = false;            // a block is open
-    std::string current = {};        // its label
-    std::string continued = {};      // the end of the while loop that the last branch continued
-    std::vector<Edge> edges = {};    // of the statement that is printed
-    bool returned = false;           // the last block ends in a return
+    bool no_chains = false;        // a chain must be said by ?:, within the expression
+    bool is_open = false;          // a block is open
+    std::string current = {};      // its label
+    std::string continued = {};    // the end of the while loop that the last branch continued
+    std::vector<Edge> edges = {};  // of the statement that is printed
+    bool returned = false;         // the last block ends in a return
 };
 
 // Prints what computes the expression; the operand is good for one use.

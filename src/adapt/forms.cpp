@@ -4,18 +4,16 @@
 //
 //   if            br i1 %c, %if.thenN, %if.endN; if.thenN: ... br %if.endN; if.endN:
 //   if-else       br i1 %c, %if.thenN, %if.elseN; if.thenN: ... br %if.endN; if.elseN: ... br %if.endN; if.endN:
-//   chain         land.* and lor.* blocks, each ending in `br i1 term, next or target`; && and || flattened, no phi in ifs
-//   value chain   the same, then nested land.endK / lor.endK with `phi i1 [false or true, block]..., [%last, block]`
-//   while         br %while.condN; while.condN: %c; br i1 %c, %while.bodyN, %while.endN; body, br %while.condN; while.endN:
-//   do            br %do.bodyN; body, br %do.condN; do.condN: %c; br i1 %c, %do.bodyN, %do.endN; do.endN:
-//   for           br %for.condN; for.condN: br i1 %c, %for.bodyN, %for.endN; body; for.incN: steps; br %for.condN; for.endN:
-//   for, chain    as for, but for.incN leads to the block of the loop's branch
-//   for (;;)      br %for.condN; for.condN: br %n.K; n.K: body; for.incN: br %for.condN; for.endN:
-//   switch        sw.bb* in the order of the source, fall through by br, sw.defaultN anywhere, sw.epilogN always
-//   break         br %while.endN, %do.endN, %for.endN, %sw.epilogN of the innermost
-//   continue      br %while.condN, %do.condN, %for.incN
-//   return        ret in place, at any depth
-//   goto, label   n.K: br %L; L: without a dot, with a statement after it
+//   chain         land.* and lor.* blocks, each ending in `br i1 term, next or target`; && and || flattened, no phi in
+//   ifs value chain   the same, then nested land.endK / lor.endK with `phi i1 [false or true, block]..., [%last,
+//   block]` while         br %while.condN; while.condN: %c; br i1 %c, %while.bodyN, %while.endN; body, br %while.condN;
+//   while.endN: do            br %do.bodyN; body, br %do.condN; do.condN: %c; br i1 %c, %do.bodyN, %do.endN; do.endN:
+//   for           br %for.condN; for.condN: br i1 %c, %for.bodyN, %for.endN; body; for.incN: steps; br %for.condN;
+//   for.endN: for, chain    as for, but for.incN leads to the block of the loop's branch for (;;)      br %for.condN;
+//   for.condN: br %n.K; n.K: body; for.incN: br %for.condN; for.endN: switch        sw.bb* in the order of the source,
+//   fall through by br, sw.defaultN anywhere, sw.epilogN always break         br %while.endN, %do.endN, %for.endN,
+//   %sw.epilogN of the innermost continue      br %while.condN, %do.condN, %for.incN return        ret in place, at any
+//   depth goto, label   n.K: br %L; L: without a dot, with a statement after it
 //
 // What holds besides: the true target of a branch is the next block. No statement stands in while.cond or do.cond. The
 // last term before a phi is an instruction of its own, never a bare call. A goto stands in a neutral block. A function
@@ -28,7 +26,7 @@ namespace adapt {
 
 namespace {
 
-constexpr std::size_t most_phis = 2;  // of a chain as a value, for which quarl finds all targets
+constexpr std::size_t most_phis = 2;  // of a chain as a value, for which quarl finds all targets in any case
 
 // A loop or a switch around what is printed.
 struct Construct {
@@ -116,14 +114,20 @@ bool hassteps(const Expr *expr)
            std::any_of(expr->operands.begin(), expr->operands.end(), hassteps);
 }
 
+// How many phis a chain as a value needs: one more for each chain that is the last term of one. quarl makes the targets
+// of the innermost two fit, and of those around them the target of one block: more is as many as none can be.
 std::size_t phisof(const Expr *expr)
 {
-    std::size_t count = 0;
-    while (islogical(expr)) {
-        ++count;
-        expr = expr->operands.back();
+    std::vector<const Expr *> levels;
+    for (; islogical(expr); expr = expr->operands.back()) {
+        levels.push_back(expr);
     }
-    return count;
+    for (std::size_t level = 0; level + most_phis < levels.size(); ++level) {
+        if (levels[level]->operands.size() > 2 || islogical(levels[level]->operands[0])) {
+            return levels.size();
+        }
+    }
+    return std::min(levels.size(), most_phis);
 }
 
 void branch(BodyPrinter &printer, const std::string &condition, const std::string &yes, const std::string &no)
@@ -151,8 +155,8 @@ void printjumps(BodyPrinter &printer, const Expr *expr, const std::string &yes, 
     }
 }
 
-// Chains as values that stand outside of other chains and choices, and how many phis the deepest needs: one more for each
-// chain that is the last term of one.
+// Chains as values that stand outside of other chains and choices, and how many phis the deepest needs: one more for
+// each chain that is the last term of one.
 void measurechains(const Expr *expr, std::size_t &chains, std::size_t &phis, bool &steps)
 {
     if (expr->kind == ExprKind::choice) {
@@ -195,8 +199,8 @@ Operand printchain(BodyPrinter &printer, const Expr *expr)
     const std::size_t first_edge = printer.edges.size();
     printer.no_chains = true;
     for (std::size_t place = 0; place + 1 < expr->operands.size(); ++place) {
-        const std::string next =
-            place + 2 < expr->operands.size() ? (all ? "land.lhs.true" : "lor.lhs.false") : (all ? "land.rhs" : "lor.rhs");
+        const std::string next = place + 2 < expr->operands.size() ? (all ? "land.lhs.true" : "lor.lhs.false")
+                                                                   : (all ? "land.rhs" : "lor.rhs");
         const std::string label = next + number(printer);
         printjumps(printer, expr->operands[place], all ? label : end, all ? end : label);
         beginblock(printer, label);

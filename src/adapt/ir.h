@@ -279,13 +279,13 @@ struct Module {
     std::string_view text;    // the input, which outlives the module
     std::string file;         // its name, for messages
     bool keep_debug = false;  // metadata is printed
-    bool emulate64 = false;  // quarl runs with -ll: integers of 64 bits are structures in C
+    bool emulate64 = false;   // quarl runs with -ll: integers of 64 bits are structures in C
     std::string source_filename;
     DataLayout layout;
     std::deque<Type> types;
     std::deque<StructType> structs;
-    std::size_t unnamed_structs = 0;       // that have got a name
-    std::deque<Global> globals;  // in the order of the input
+    std::size_t unnamed_structs = 0;  // that have got a name
+    std::deque<Global> globals;       // in the order of the input
     NameMap<Global> global_by_name;
     NameMap<StructType> struct_by_name;
     Type *plain_types[11] = {};    // by kind; those that are of one kind alone

@@ -32,7 +32,7 @@ struct Scope {
 
 struct Walk {
     Tree &tree;
-    std::vector<Node *> deferred;  // written at the end of the function, behind their labels
+    std::vector<Node *> deferred;                       // written at the end of the function, behind their labels
     std::unordered_map<const Node *, Stmts> continues;  // by where they lead
 };
 
@@ -184,11 +184,11 @@ void writearm(Walk &walk, Node *from, Node *target, Stmts &out, Scope scope)
 
 struct Loop {
     Node *header = nullptr;
-    Node *follow = nullptr;   // what is written after it; null: none
-    Node *latch = nullptr;    // the origin of the only edge back, or null
-    bool is_while = false;    // the header is nothing but the condition
-    bool is_do = false;       // the latch is nothing but the condition
-    bool has_step = false;    // the latch is the step
+    Node *follow = nullptr;  // what is written after it; null: none
+    Node *latch = nullptr;   // the origin of the only edge back, or null
+    bool is_while = false;   // the header is nothing but the condition
+    bool is_do = false;      // the latch is nothing but the condition
+    bool has_step = false;   // the latch is the step
 };
 
 // What leaves the loop, of the nodes that its nodes dominate.
@@ -277,7 +277,8 @@ Node *choosefollow(const Loop &loop, const std::vector<Node *> &exits, const Sco
         if (!begins(loop.header, ending.head)) {
             continue;
         }
-        if (by_header != nullptr && ending.by_condition && (begins(by_header, ending.end) || begins(by_header, for_cleanup))) {
+        if (by_header != nullptr && ending.by_condition &&
+            (begins(by_header, ending.end) || begins(by_header, for_cleanup))) {
             return contains(exits, by_header) ? by_header : nullptr;
         }
         Node *by_latch = exitofbranch(loop.latch, loop.header);
@@ -326,9 +327,9 @@ Loop describeloop(Node *header, const Scope &scope)
     if (loop.latch == nullptr || loop.latch == header) {
         return loop;
     }
-    loop.has_step = cansteps(loop.latch) && (begins(loop.latch, labels::for_inc) ||
-                                             (isnameless(loop.latch) && loop.latch->preds.size() > 1 &&
-                                              !loop.latch->statements.empty()));
+    loop.has_step = cansteps(loop.latch) &&
+                    (begins(loop.latch, labels::for_inc) ||
+                     (isnameless(loop.latch) && loop.latch->preds.size() > 1 && !loop.latch->statements.empty()));
     loop.is_do = !loop.is_while && (isnameless(header) || begins(header, labels::do_body)) && end != nullptr &&
                  loop.latch->statements.empty() && exitofbranch(loop.latch, header) == end;
     return loop;
@@ -342,8 +343,8 @@ Expr *conditionof(Walk &walk, const Node *node, const Node *yes)
 // `do { body; if (c) break; } while (1)` is the same as `do { body } while (!c)` when nothing continues.
 void makedo(Walk &walk, Stmt *loop, const Node *header)
 {
-    if ((!begins(header, labels::do_body) && !isnameless(header)) || loop->kind != StmtKind::for_ || !loop->step.empty() ||
-        loop->condition != nullptr || loop->body.empty()) {
+    if ((!begins(header, labels::do_body) && !isnameless(header)) || loop->kind != StmtKind::for_ ||
+        !loop->step.empty() || loop->condition != nullptr || loop->body.empty()) {
         return;
     }
     const Stmt *last = loop->body.back();
@@ -509,7 +510,7 @@ Node *writeswitch(Walk &walk, Node *node, Stmts &out, const Scope &scope)
         }
         inner.next = end;
         const bool here = group.target != follow && group.target->dominator == node && !group.target->is_set_apart &&
-                    !group.target->placed;
+                          !group.target->placed;
         for (std::size_t later = place + 1; later < groups.size(); ++later) {
             const Node *target = groups[later].target;
             if (target->dominator == node && !target->is_set_apart && !target->placed) {

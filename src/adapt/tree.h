@@ -27,7 +27,7 @@ struct Tree;
 // ---- Variables of the C function ----
 
 struct Variable {
-    std::string name;        // without %; settled by settlelocals()
+    std::string name;  // without %; settled by settlelocals()
     Type *type = nullptr;
     Value *slot = nullptr;   // its alloca in the input; null for one that was added
     Value *param = nullptr;  // the parameter whose slot this is: C has one variable for both
@@ -46,8 +46,8 @@ enum class ExprKind : std::uint8_t {
     assign,       // operands: address, value; gives the value
     logical_and,  // operands: terms, from the left
     logical_or,
-    choice,       // operands: condition, value if true, value if false
-    comma,        // statements, then operands: the value
+    choice,  // operands: condition, value if true, value if false
+    comma,   // statements, then operands: the value
 };
 
 // A place in memory that an expression reads or writes, as far as it is known: a variable, a global, or any object
@@ -61,9 +61,9 @@ struct Place {
 struct Effects {
     std::vector<Place> reads;
     std::vector<Place> writes;
-    bool calls = false;       // reads and writes whatever others know the address of
+    bool calls = false;  // reads and writes whatever others know the address of
     bool is_volatile = false;
-    bool reads_any = false;   // every variable, too
+    bool reads_any = false;  // every variable, too
     bool writes_any = false;
 };
 
@@ -74,7 +74,7 @@ struct Expr {
     bool is_volatile = false;
     bool negative = false;
     Type *type = nullptr;
-    Value *value = nullptr;        // constant: the constant; operation: the instruction it came from
+    Value *value = nullptr;  // constant: the constant; operation: the instruction it came from
     Variable *variable = nullptr;
     std::vector<Expr *> operands;  // call: the callee first
     std::vector<Stmt *> statements;
@@ -86,20 +86,20 @@ struct Expr {
 // ---- Statements (structure.cpp) ----
 
 enum class StmtKind : std::uint8_t {
-    expression,   // value: a call
-    store,        // address, value
-    set,          // variable = value
-    if_,          // condition, body, other
-    while_,       // condition, body
-    do_,          // body, condition
-    for_,         // condition (null: none), body, step
-    switch_,      // value, body; its cases are marked in the body
-    case_,        // cases, is_default: a place in the body of a switch
+    expression,  // value: a call
+    store,       // address, value
+    set,         // variable = value
+    if_,         // condition, body, other
+    while_,      // condition, body
+    do_,         // body, condition
+    for_,        // condition (null: none), body, step
+    switch_,     // value, body; its cases are marked in the body
+    case_,       // cases, is_default: a place in the body of a switch
     break_,
     continue_,
-    return_,      // value (may be null)
-    goto_,        // target
-    label,        // target: the node
+    return_,  // value (may be null)
+    goto_,    // target
+    label,    // target: the node
     unreachable,
 };
 
@@ -127,10 +127,10 @@ struct Condition {
     enum class Kind : std::uint8_t { leaf, all, any, choice };
     Kind kind = Kind::leaf;
     bool negated = false;
-    Value *value = nullptr;           // leaf
+    Value *value = nullptr;  // leaf
     std::vector<Value *> items;
-    std::vector<Condition *> terms;   // all, any: from the right to the left; choice: condition, if true, if false
-    bool has_comma = false;           // a term holds statements
+    std::vector<Condition *> terms;  // all, any: from the right to the left; choice: condition, if true, if false
+    bool has_comma = false;          // a term holds statements
     std::uint32_t depth = 1;
 };
 
@@ -161,35 +161,35 @@ struct Phi {
 enum class Opened : std::uint8_t { no, tested, entered };
 
 struct Node {
-    std::vector<Value *> items;       // instructions, the exit apart; a folded phi stands where its value is computed
-    std::vector<Phi> phis;            // that aren't folded
+    std::vector<Value *> items;  // instructions, the exit apart; a folded phi stands where its value is computed
+    std::vector<Phi> phis;       // that aren't folded
     Exit exit = Exit::jump;
-    Condition *condition = nullptr;   // branch
-    Value *value = nullptr;           // switch, return (may be null)
+    Condition *condition = nullptr;  // branch
+    Value *value = nullptr;          // switch, return (may be null)
     Value *terminator = nullptr;
-    std::vector<Node *> succs;        // branch: true, false; switch: default, then one for each case
+    std::vector<Node *> succs;  // branch: true, false; switch: default, then one for each case
     std::vector<Value *> cases;
-    std::uint32_t pred_count = 0;     // edges that lead here
-    std::vector<Node *> preds;        // one entry for each edge; made by analyse()
-    const Block *block = nullptr;     // where the name comes from; null for a node on an edge
+    std::uint32_t pred_count = 0;  // edges that lead here
+    std::vector<Node *> preds;     // one entry for each edge; made by analyse()
+    const Block *block = nullptr;  // where the name comes from; null for a node on an edge
     bool removed = false;
-    std::uint32_t index = 0;          // in the order of the input
-    std::vector<Stmt *> statements;   // made by buildstatements()
-    Expr *result = nullptr;           // branch: the condition; switch, return: the value
-    std::uint32_t order = 0;          // reverse postorder
-    Node *dominator = nullptr;        // immediate
-    std::vector<Node *> children;     // in the dominator tree
-    Node *loop = nullptr;             // header of the innermost loop around it (for a header: its own)
-    Node *outer_loop = nullptr;       // of a header: the header of the loop around it
-    Node *outer_link = nullptr;       // scratch of the search for loops
-    std::uint32_t enter = 0;          // numbers of a walk over the dominator tree
+    std::uint32_t index = 0;         // in the order of the input
+    std::vector<Stmt *> statements;  // made by buildstatements()
+    Expr *result = nullptr;          // branch: the condition; switch, return: the value
+    std::uint32_t order = 0;         // reverse postorder
+    Node *dominator = nullptr;       // immediate
+    std::vector<Node *> children;    // in the dominator tree
+    Node *loop = nullptr;            // header of the innermost loop around it (for a header: its own)
+    Node *outer_loop = nullptr;      // of a header: the header of the loop around it
+    Node *outer_link = nullptr;      // scratch of the search for loops
+    std::uint32_t enter = 0;         // numbers of a walk over the dominator tree
     std::uint32_t leave = 0;
     bool is_header = false;
-    bool is_set_apart = false;        // a loop writes it: what follows the loop, its step, its condition
+    bool is_set_apart = false;  // a loop writes it: what follows the loop, its step, its condition
     Opened opened = Opened::no;
-    bool labelled = false;            // a goto leads here
-    bool has_label = false;           // there is a place for its label
-    bool placed = false;              // is written somewhere
+    bool labelled = false;   // a goto leads here
+    bool has_label = false;  // there is a place for its label
+    bool placed = false;     // is written somewhere
     std::string label;
     std::uint32_t mark = 0;
 };
@@ -197,18 +197,18 @@ struct Node {
 // All that belongs to one function.
 struct Tree {
     Function *function = nullptr;
-    std::deque<Node> nodes;            // the entry first
+    std::deque<Node> nodes;  // the entry first
     std::deque<Expr> exprs;
     std::deque<Stmt> stmts;
     std::deque<Variable> variables;
     std::deque<Condition> conditions;
     std::deque<Folded> folded;
-    std::unordered_map<const Value *, Variable *> slots;      // of allocas
-    std::unordered_map<const Value *, Variable *> params;     // of parameters
-    std::unordered_map<const Value *, Variable *> held;       // of values that a variable holds
+    std::unordered_map<const Value *, Variable *> slots;   // of allocas
+    std::unordered_map<const Value *, Variable *> params;  // of parameters
+    std::unordered_map<const Value *, Variable *> held;    // of values that a variable holds
     std::unordered_map<const Value *, Folded *> folded_phis;
-    std::vector<const Value *> trial;                         // what the last trial put into variables
-    std::unordered_set<const Value *> dropped;                // instructions that C doesn't need
+    std::vector<const Value *> trial;           // what the last trial put into variables
+    std::unordered_set<const Value *> dropped;  // instructions that C doesn't need
     std::vector<Stmt *> body;
     std::uint32_t stamp = 0;  // the last one used for Node::mark
 };

@@ -1,9 +1,9 @@
 // Instructions become statements over trees of expressions.
 //
 // The instructions of one node are taken in order. A value that has been computed and not yet used is pending: its tree
-// moves to its use. All pending trees commute, so they can be evaluated in any order; before an instruction that doesn't
-// commute with one of them, that one is put into a variable. So every call, volatile access and step happens once and
-// in the order of the input, and a load reads what it read:
+// moves to its use. All pending trees commute, so they can be evaluated in any order; before an instruction that
+// doesn't commute with one of them, that one is put into a variable. So every call, volatile access and step happens
+// once and in the order of the input, and a load reads what it read:
 //
 //     %0 = load i16, i16* @g          tmp = g;
 //     %c = call i16 @f()              x = tmp + f();
@@ -194,8 +194,9 @@ bool sameexpr(const Expr *a, const Expr *b)
     if (a == b) {
         return true;
     }
-    if (a->kind != b->kind || a->op != b->op || a->type != b->type || a->variable != b->variable || a->size != b->size ||
-        a->size > largest_repeated || a->operands.size() != b->operands.size() || a->is_volatile || b->is_volatile) {
+    if (a->kind != b->kind || a->op != b->op || a->type != b->type || a->variable != b->variable ||
+        a->size != b->size || a->size > largest_repeated || a->operands.size() != b->operands.size() ||
+        a->is_volatile || b->is_volatile) {
         return false;
     }
     if (a->kind == ExprKind::constant) {
@@ -219,8 +220,8 @@ bool sameexpr(const Expr *a, const Expr *b)
 // ---- The builder ----
 
 struct Info {
-    Expr *expr = nullptr;          // while it is pending
-    std::uint32_t uses = 0;        // within the list that are still to come
+    Expr *expr = nullptr;    // while it is pending
+    std::uint32_t uses = 0;  // within the list that are still to come
     bool is_pending = false;
 };
 
@@ -237,7 +238,8 @@ Expr *use(Builder &builder, Value *value);
 Expr *conditionexpr(Builder &builder, const Condition *condition);
 
 // Calls visit(operand) for what an item uses within its own list.
-template <typename Visit> void foreachoperand(Tree &tree, Value *item, Visit visit)
+template <typename Visit>
+void foreachoperand(Tree &tree, Value *item, Visit visit)
 {
     const auto found = tree.folded_phis.find(item);
     if (found != tree.folded_phis.end()) {
@@ -561,9 +563,10 @@ Value *findstep(Builder &builder, Value *value, const Expr *address, bool &negat
     }
     Value *old = operand(value, 0);
     const auto entry = builder.infos.find(old);
-    if (old->kind != ValueKind::instruction || old->op != Op::load || old->is_volatile || entry == builder.infos.end() ||
-        !entry->second.is_pending || entry->second.uses != 1 || entry->second.expr != sum->operands[0] ||
-        hassideeffects(entry->second.expr->effects) || hassideeffects(address->effects)) {
+    if (old->kind != ValueKind::instruction || old->op != Op::load || old->is_volatile ||
+        entry == builder.infos.end() || !entry->second.is_pending || entry->second.uses != 1 ||
+        entry->second.expr != sum->operands[0] || hassideeffects(entry->second.expr->effects) ||
+        hassideeffects(address->effects)) {
         return nullptr;
     }
     return sameexpr(entry->second.expr->operands[0], address) ? old : nullptr;
@@ -733,8 +736,8 @@ Expr *lazyexpr(Builder &outer, const std::vector<Value *> &items, Value *value, 
 Expr *chainexpr(Builder &builder, const Condition *condition)
 {
     const bool all = condition->kind == Condition::Kind::all;
-    Expr *expr =
-        newexpr(builder.tree, all ? ExprKind::logical_and : ExprKind::logical_or, inttype(*builder.tree.function->module, 1));
+    Expr *expr = newexpr(builder.tree, all ? ExprKind::logical_and : ExprKind::logical_or,
+                         inttype(*builder.tree.function->module, 1));
     for (std::size_t place = condition->terms.size(); place-- > 0;) {
         const Condition *term = condition->terms[place];
         const bool first = place + 1 == condition->terms.size();
@@ -859,10 +862,9 @@ void setphis(Builder &builder, const std::vector<Edge> &edges)
     std::vector<Expr *> values;
     for (const Edge &edge : edges) {
         Expr *value = use(builder, edge.value);
-        const bool overwritten = std::any_of(edges.begin(), edges.begin() + static_cast<std::ptrdiff_t>(values.size()),
-                                             [&](const Edge &before) {
-                                                 return readsvariable(value, phivariable(tree, *before.phi));
-                                             });
+        const bool overwritten =
+            std::any_of(edges.begin(), edges.begin() + static_cast<std::ptrdiff_t>(values.size()),
+                        [&](const Edge &before) { return readsvariable(value, phivariable(tree, *before.phi)); });
         if (overwritten || (edges.size() > 1 && hassideeffects(value->effects))) {
             Variable *copy = newvariable(tree, "next", edge.value->type);
             emitset(builder, copy, value, edge.phi->value);
@@ -934,8 +936,8 @@ void buildnode(Tree &tree, Node *node)
 Expr *negate(Tree &tree, Expr *expr)
 {
     if (expr->kind == ExprKind::logical_and || expr->kind == ExprKind::logical_or) {
-        Expr *other = newexpr(
-            tree, expr->kind == ExprKind::logical_and ? ExprKind::logical_or : ExprKind::logical_and, expr->type);
+        Expr *other = newexpr(tree, expr->kind == ExprKind::logical_and ? ExprKind::logical_or : ExprKind::logical_and,
+                              expr->type);
         for (Expr *term : expr->operands) {
             other->operands.push_back(negate(tree, term));
         }
