@@ -1,5 +1,6 @@
 // The run over a module: the list of the passes, with what holds after each.
 #include "adapt/adapt.h"
+#include "adapt/check.h"
 #include "adapt/passes/passes.h"
 #include "adapt/tree.h"
 
@@ -117,6 +118,9 @@ void printbody(Function &function, std::string &out)
     structure(tree);        // every node is in the tree of statements
     settlelocals(tree);
     printfunctionbody(tree, out);
+    if (std::string why; !checkbody(tree, out, why)) {
+        refuse(function, nullptr, "internal error: " + why);
+    }
 }
 
 void adaptfunction(Module &module, Global &global, const AdaptOptions &options, Printed &printed)
