@@ -1,7 +1,7 @@
 // Runs tools/quarl-c++ over the cases of shapes.txt: short C or C++, and the body in C of its last function. A case is
 //
 //     === its name
-//     --- c           the source, or c++
+//     --- c           the source, or c++, or ll: what other front ends or an optimiser may write
 //     --- body        the lines between the outermost braces, one tab to the left, or
 //     --- errors      what is said where nothing is written
 //
@@ -27,8 +27,8 @@ std::vector<ShapeCase> read_cases()
         if (line.starts_with("=== ")) {
             cases.push_back({line.substr(4), {}, {}, {}, {}});
             part = nullptr;
-        } else if (line == "--- c" || line == "--- c++") {
-            cases.back().extension = line == "--- c" ? ".c" : ".cpp";
+        } else if (line == "--- c" || line == "--- c++" || line == "--- ll") {
+            cases.back().extension = line == "--- c++" ? ".cpp" : "." + line.substr(4);
             part = &cases.back().source;
         } else if (line == "--- body") {
             part = &cases.back().body;
@@ -59,12 +59,20 @@ std::string last_body(const std::string &text)
     return body;
 }
 
+harness::Result translate(const std::string &source, const std::string &directory)
+{
+    if (!source.ends_with(".ll"))
+        return harness::run(BRIDGE, {"-o", "out.c", "--", "--target=msp430", "-w", "-g", source}, directory);
+    const std::string programs = QUARL_BUILD_DIRECTORY;
+    const harness::Result result = harness::run(programs + "/quarl-adapt", {"-o", "adapted.ll", source}, directory);
+    return result.status != 0 ? result : harness::run(programs + "/quarl", {"-o", "out.c", "adapted.ll"}, directory);
+}
+
 void check(const ShapeCase &made)
 {
     const std::string directory = harness::make_directory();
     harness::write_file(directory + "/a" + made.extension, made.source);
-    const harness::Result result =
-        harness::run(BRIDGE, {"-o", "out.c", "--", "--target=msp430", "-w", "-g", "a" + made.extension}, directory);
+    const harness::Result result = translate("a" + made.extension, directory);
     const std::string body = last_body(harness::read_file(directory + "/out.c"));
     harness::remove_directory(directory);
     EXPECT_EQ(result.status, made.errors.empty() ? 0 : 1) << harness::describe(result);
