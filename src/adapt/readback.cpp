@@ -5,6 +5,7 @@
 #include "adapt/readback.h"
 #include "frontend/frontend.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 #include <unordered_map>
@@ -875,6 +876,13 @@ bool matchpairs(Reader &reader, const std::vector<Pair> &pairs, std::string_view
            fail(reader, "a phi with other values than its chain");
 }
 
+Term *findterm(Reader &reader, std::string_view block)
+{
+    const auto found =
+        std::find_if(reader.terms.begin(), reader.terms.end(), [=](const Term &term) { return term.block == block; });
+    return found == reader.terms.end() ? nullptr : &*found;
+}
+
 bool readphi(Reader &reader, std::string_view name, std::string_view rest)
 {
     const BlockText &block = reader.blocks[reader.block];
@@ -889,11 +897,16 @@ bool readphi(Reader &reader, std::string_view name, std::string_view rest)
         reader.phi_open = true;
         reader.terms.push_back({reader.linked, reader.blocks[reader.block - 1].label, block.label, block.label});
     } else {
-        Term &last = reader.terms.back();
-        if (last.yes != last.no || last.yes.starts_with(block.label.substr(0, block.label.find('.')))) {
+        const Term &last = reader.terms.back();
+        const bool is_false = pairs[0].value == "false";
+        const bool known = last.yes != last.no || last.yes.starts_with(block.label.substr(0, block.label.find('.')));
+        // quarl gives the last term a target for each kind of chain. Beyond that it changes the target of the first
+        // term that leads to the phi, which must be the only one.
+        Term *term = known ? findterm(reader, pairs[0].block) : &reader.terms.back();
+        if (term == nullptr || (known && pairs.size() != 2)) {
             return fail(reader, "phis of a chain that quarl doesn't tell apart");
         }
-        (pairs[0].value == "false" ? last.no : last.yes) = block.label;
+        (is_false ? term->no : term->yes) = known ? (is_false ? last.no : last.yes) : block.label;
     }
     reader.linked_value = {};
     ++reader.live;
