@@ -836,6 +836,8 @@ Operand printchoice(BodyPrinter &printer, const Expr *expr)
     yes = compareswide(expr->operands[1]) ? chosenflag(printer, expr->type, yes) : yes;
     no = compareswide(expr->operands[2]) ? chosenflag(printer, expr->type, no) : no;
     if (bits > 1) {
+        // quarl takes the type of the first arm for that of the choice.
+        yes = unflagged(printer, expr->type, yes);
         const Need need = yes.is_unsigned && no.is_unsigned ? Need::bits : Need::as_unsigned;
         if (bits <= bits_of_byte && (isintconstant(expr->operands[1]) || isintconstant(expr->operands[2]))) {
             yes = isintconstant(expr->operands[1]) ? constantoperand(printer, expr->operands[1], need) : yes;
@@ -853,7 +855,6 @@ Operand printchoice(BodyPrinter &printer, const Expr *expr)
         result.is_unsigned = (yes.is_unsigned && no.is_unsigned) || (result.type_unsigned && result.bits == bits);
     }
     result.is_flag = false;
-    result.is_assigned = yes.is_assigned;
     return result;
 }
 

@@ -42,7 +42,7 @@ Mark flagmark(Mark mark)
 
 std::int64_t extended(std::uint64_t number, std::uint32_t bits)
 {
-    if (bits >= 64) {
+    if (bits == 0 || bits >= 64) {
         return static_cast<std::int64_t>(number);
     }
     const std::uint64_t top = std::uint64_t{1} << (bits - 1);

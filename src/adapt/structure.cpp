@@ -369,15 +369,8 @@ void unfoldlatch(Walk &walk, Stmt *loop, Node *latch)
     label->target = latch;
     latch->has_label = true;
     loop->body.push_back(label);
-    if (loop->kind == StmtKind::do_) {
-        addstmt(walk, loop->body, StmtKind::continue_);
-    } else {
-        loop->body.insert(loop->body.end(), loop->step.begin(), loop->step.end());
-        loop->step.clear();
-        if (latch->statements.empty()) {
-            addstmt(walk, loop->body, StmtKind::continue_);
-        }
-    }
+    loop->body.insert(loop->body.end(), loop->step.begin(), loop->step.end());
+    loop->step.clear();
 }
 
 // Writes the loop; what follows it is left to the caller.

@@ -90,7 +90,7 @@ void namewritten(StructType &type, std::unordered_set<std::string> &tags)
 
 std::size_t roundup(std::size_t value, std::size_t align)
 {
-    return (value + align - 1) / align * align;
+    return align == 0 ? value : (value + align - 1) / align * align;
 }
 
 struct Placing {
