@@ -1,6 +1,6 @@
 /*
- * Integers of fixed widths for the other files here, in C of 1989: for the small target, whose int has 16 bits and whose
- * long has 32, and for hosts.
+ * Integers of fixed widths for the other files here, in C of 1989: for the small target, whose int has 16 bits and
+ * whose long has 32, and for hosts.
  */
 #ifndef WIDTHS_H
 #define WIDTHS_H
