@@ -135,6 +135,9 @@ Operand unsignedcast(BodyPrinter &printer, const Type *type, const Operand &oper
 
 std::int64_t signednumber(std::uint64_t number, std::uint32_t bits)
 {
+    if (bits == 0) {
+        return 0;
+    }
     const std::uint64_t top = std::uint64_t{1} << (bits - 1);
     return static_cast<std::int64_t>(((number & maskof(bits)) ^ top) - top);
 }
@@ -228,7 +231,7 @@ Operand widened(BodyPrinter &printer, const Type *type, Operand operand)
 
 // An assignment as a value has the type of an address for quarl. A comparison as a number: quarl would change the sign
 // of the comparison itself.
-Operand unflagged(BodyPrinter &printer, const Type *type, Operand operand)
+Operand unflagged(BodyPrinter &printer, const Type *type, const Operand &operand)
 {
     if (operand.is_assigned) {
         return castto(printer, type, operand);
@@ -416,16 +419,16 @@ Operand flag(BodyPrinter &printer, const std::string &text)
 }
 
 struct FloatCompare {
-    Predicate predicate;
     std::string_view word;  // the comparison that C has
+    Predicate predicate;
     bool negated;
 };
 
 constexpr FloatCompare float_compares[] = {
-    {Predicate::oeq, "oeq", false},  {Predicate::une, "une", false},  {Predicate::ogt, "ogt", false},
-    {Predicate::oge, "oge", false},  {Predicate::olt, "olt", false},  {Predicate::ole, "ole", false},
-    {Predicate::ugt_f, "ole", true}, {Predicate::uge_f, "olt", true}, {Predicate::ult_f, "oge", true},
-    {Predicate::ule_f, "ogt", true},
+    {"oeq", Predicate::oeq, false},  {"une", Predicate::une, false},  {"ogt", Predicate::ogt, false},
+    {"oge", Predicate::oge, false},  {"olt", Predicate::olt, false},  {"ole", Predicate::ole, false},
+    {"ole", Predicate::ugt_f, true}, {"olt", Predicate::uge_f, true}, {"oge", Predicate::ult_f, true},
+    {"ogt", Predicate::ule_f, true},
 };
 
 Operand negatedflag(BodyPrinter &printer, const Operand &operand)

@@ -452,12 +452,12 @@ void printswitch(FormPrinter &printer, const Stmt *stmt)
         if (part->kind != StmtKind::case_) {
             continue;
         }
-        std::string label = part->is_default ? "sw.default" + n : "sw.bb" + number(body);
+        const std::string label = part->is_default ? "sw.default" + n : "sw.bb" + number(body);
         otherwise = part->is_default ? label : otherwise;
         for (auto value = part->cases.rbegin(); value != part->cases.rend(); ++value) {
             lines += "    " + type + " " + casetext(*value, selector) + ", label %" + label + "\n";
         }
-        printer.case_labels[part] = std::move(label);
+        printer.case_labels[part] = label;
     }
     endblock(body, "switch " + type + " " + selector.text + ", label %" + otherwise + " [\n" + lines + "  ]");
     printbody(printer, stmt->body, {end, {}});

@@ -12,6 +12,7 @@
 #include "frontend/frontend.h"
 
 #include <algorithm>
+#include <cassert>
 
 namespace adapt {
 
@@ -143,6 +144,7 @@ void writegoto(Walk &walk, Node *target, Stmts &out)
 void writefaredge(Walk &walk, Node *target, Stmts &out, const Scope &scope)
 {
     constexpr int most_hops = 16;
+    assert(target != nullptr);
     for (int hop = 0; hop < most_hops; ++hop) {
         if (writenearedge(walk, target, out, scope)) {
             return;

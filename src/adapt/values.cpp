@@ -720,17 +720,35 @@ bool hascomma(const Expr *expr)
     return expr->kind == ExprKind::comma || std::any_of(expr->operands.begin(), expr->operands.end(), hascomma);
 }
 
-// The items and then `value` or `condition` as one expression, evaluated as a part of a larger one.
-Expr *lazyexpr(Builder &outer, const std::vector<Value *> &items, Value *value, const Condition *condition)
+// What has been built in a builder of its own, as a part of a larger expression of `outer`.
+Expr *lazypart(Builder &outer, const Builder &builder, Expr *expr, std::vector<Stmt *> statements)
+{
+    outer.failed = outer.failed || builder.failed;
+    return statements.empty() ? expr : withstatements(outer.tree, expr, std::move(statements));
+}
+
+// The items and then the value as one expression, evaluated as a part of a larger one.
+Expr *lazyvalue(Builder &outer, const std::vector<Value *> &items, Value *value)
 {
     std::vector<Stmt *> statements;
     Builder builder = {outer.tree, &statements, outer.dry};
     countlist(builder, items);
-    countuse(builder, condition != nullptr ? firstvalue(condition) : value);
+    countuse(builder, value);
     buildlist(builder, items);
-    Expr *expr = condition != nullptr ? conditionexpr(builder, condition) : use(builder, value);
-    outer.failed = outer.failed || builder.failed;
-    return statements.empty() ? expr : withstatements(outer.tree, expr, std::move(statements));
+    Expr *expr = use(builder, value);
+    return lazypart(outer, builder, expr, std::move(statements));
+}
+
+// The same for the items of a condition and the condition itself.
+Expr *lazycondition(Builder &outer, const Condition *condition)
+{
+    std::vector<Stmt *> statements;
+    Builder builder = {outer.tree, &statements, outer.dry};
+    countlist(builder, condition->items);
+    countuse(builder, firstvalue(condition));
+    buildlist(builder, condition->items);
+    Expr *expr = conditionexpr(builder, condition);
+    return lazypart(outer, builder, expr, std::move(statements));
 }
 
 Expr *chainexpr(Builder &builder, const Condition *condition)
@@ -741,7 +759,7 @@ Expr *chainexpr(Builder &builder, const Condition *condition)
     for (std::size_t place = condition->terms.size(); place-- > 0;) {
         const Condition *term = condition->terms[place];
         const bool first = place + 1 == condition->terms.size();
-        Expr *next = first ? conditionexpr(builder, term) : lazyexpr(builder, term->items, nullptr, term);
+        Expr *next = first ? conditionexpr(builder, term) : lazycondition(builder, term);
         if (next->kind == expr->kind) {
             expr->operands.insert(expr->operands.end(), next->operands.begin(), next->operands.end());
         } else {
@@ -777,8 +795,8 @@ Expr *conditionexpr(Builder &builder, const Condition *condition)
     case Condition::Kind::choice: {
         const std::vector<Condition *> &terms = condition->terms;
         Expr *test = conditionexpr(builder, terms[0]);
-        Expr *yes = lazyexpr(builder, terms[1]->items, nullptr, terms[1]);
-        Expr *no = lazyexpr(builder, terms[2]->items, nullptr, terms[2]);
+        Expr *yes = lazycondition(builder, terms[1]);
+        Expr *no = lazycondition(builder, terms[2]);
         expr = choiceexpr(builder, test, yes, no);
         break;
     }
@@ -793,8 +811,8 @@ void buildfolded(Builder &builder, Value *phi, const Folded *folded)
 {
     Expr *expr = conditionexpr(builder, folded->condition);
     if (folded->is_choice) {
-        Expr *yes = lazyexpr(builder, folded->true_items, folded->true_value, nullptr);
-        Expr *no = lazyexpr(builder, folded->false_items, folded->false_value, nullptr);
+        Expr *yes = lazyvalue(builder, folded->true_items, folded->true_value);
+        Expr *no = lazyvalue(builder, folded->false_items, folded->false_value);
         expr = choiceexpr(builder, expr, yes, no);
         expr->type = phi->type;
     }
@@ -877,29 +895,30 @@ void setphis(Builder &builder, const std::vector<Edge> &edges)
     }
 }
 
+// A node on the edge, to which the phis of the join give what they took from `from`.
+Node *splitedge(Tree &tree, const Node *from, Node *join)
+{
+    Node *middle = newnode(tree, nullptr);
+    middle->index = from->index;
+    middle->succs = {join};
+    for (Phi &phi : join->phis) {
+        const auto found = std::find_if(phi.incoming.begin(), phi.incoming.end(),
+                                        [=](const Incoming &pair) { return pair.from == from; });
+        if (found != phi.incoming.end()) {
+            phi.incoming.push_back({middle, found->value});
+        }
+    }
+    return middle;
+}
+
 // An edge from a branch into a join with phis gets a node that sets them.
 void splitedges(Tree &tree, const std::vector<Node *> &nodes)
 {
     for (Node *node : nodes) {
-        if (node->exit == Exit::jump) {
-            continue;
-        }
         for (Node *&succ : node->succs) {
-            if (succ->phis.empty() || edgesinto(succ, node).empty()) {
-                continue;
+            if (node->exit != Exit::jump && !edgesinto(succ, node).empty()) {
+                succ = splitedge(tree, node, succ);
             }
-            Node *middle = newnode(tree, nullptr);
-            middle->index = node->index;
-            middle->succs = {succ};
-            for (Phi &phi : succ->phis) {
-                for (std::size_t place = 0; place < phi.incoming.size(); ++place) {
-                    if (phi.incoming[place].from == node) {
-                        phi.incoming.push_back({middle, phi.incoming[place].value});
-                        break;
-                    }
-                }
-            }
-            succ = middle;
         }
     }
 }
@@ -983,7 +1002,7 @@ Fit fitexpression(Tree &tree, const std::vector<Value *> &items, Value *value)
     std::vector<Stmt *> statements;
     Builder outer = {tree, &statements, true};
     tree.trial.clear();
-    const Expr *expr = lazyexpr(outer, items, value, nullptr);
+    const Expr *expr = lazyvalue(outer, items, value);
     for (const Value *tried : tree.trial) {
         tree.held.erase(tried);
     }
