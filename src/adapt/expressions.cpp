@@ -832,15 +832,16 @@ Operand printchoice(BodyPrinter &printer, const Expr *expr)
     const bool before = printer.no_chains;
     printer.no_chains = true;
     const Operand condition = printexpr(printer, expr->operands[0]);
+    // quarl takes the type of the first arm for that of the choice. The cast stands before the other arm, whose
+    // assignments would part it from its operand.
     Operand yes = printarm(printer, expr->operands[1], Need::bits);
+    yes = widthof(expr->type) > 1 ? unflagged(printer, expr->type, yes) : yes;
     Operand no = printarm(printer, expr->operands[2], Need::bits);
     printer.no_chains = before;
     const std::uint32_t bits = widthof(expr->type);
     yes = compareswide(expr->operands[1]) ? chosenflag(printer, expr->type, yes) : yes;
     no = compareswide(expr->operands[2]) ? chosenflag(printer, expr->type, no) : no;
     if (bits > 1) {
-        // quarl takes the type of the first arm for that of the choice.
-        yes = unflagged(printer, expr->type, yes);
         const Need need = yes.is_unsigned && no.is_unsigned ? Need::bits : Need::as_unsigned;
         if (bits <= bits_of_byte && (isintconstant(expr->operands[1]) || isintconstant(expr->operands[2]))) {
             yes = isintconstant(expr->operands[1]) ? constantoperand(printer, expr->operands[1], need) : yes;
